@@ -1,0 +1,7 @@
+#include "zor/version.h"
+
+namespace zor {
+
+const char* version() noexcept { return ZOR_VERSION; }
+
+}  // namespace zor
