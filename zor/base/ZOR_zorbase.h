@@ -1,0 +1,51 @@
+#pragma once
+
+#include "zor/base/array_types.h"
+#include "zor/base/enums.h"
+#include "zor/base/errors.h"
+#include "zor/base/events.h"
+#include "zor/base/feedback.h"
+#include "zor/runtime/dyn_array.h"
+#include "zor/runtime/event.h"
+#include "zor/runtime/exception.h"
+#include "zor/runtime/object.h"
+#include "zor/runtime/tstring.h"
+#include "zor/runtime/types.h"
+
+/// \file  What every unit shares: scalar and array types, enumerations, events, errors, the hooks of long computations,
+/// and the names of the runtime that interfaces use, so that an application needs one `using namespace` for each unit
+/// it uses.
+///
+///     using namespace ZOR_zorbase;
+///     TDoubleArray x = {1.0, 2.0, 3.0};
+///     SetLength(x, 5);
+
+namespace ZOR_zorbase {
+
+using ZOR_runtime::Byte;
+using ZOR_runtime::Cardinal;
+using ZOR_runtime::Char;
+using ZOR_runtime::Extended;
+using ZOR_runtime::Int64;
+using ZOR_runtime::ShortInt;
+using ZOR_runtime::Word;
+
+using ZOR_runtime::CopyOf;
+using ZOR_runtime::High;
+using ZOR_runtime::Length;
+using ZOR_runtime::SetLength;
+
+using ZOR_runtime::EConvertError;
+using ZOR_runtime::EInOutError;
+using ZOR_runtime::EMathError;
+using ZOR_runtime::EOutOfMemory;
+using ZOR_runtime::Exception;
+
+using ZOR_runtime::Free;
+using ZOR_runtime::IsClass;
+using ZOR_runtime::Make;
+using ZOR_runtime::TComponent;
+using ZOR_runtime::TObject;
+using ZOR_runtime::TPersistent;
+
+}  // namespace ZOR_zorbase

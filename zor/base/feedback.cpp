@@ -1,0 +1,23 @@
+#include "zor/base/feedback.h"
+
+namespace ZOR_zorbase {
+
+constinit TSharedVar<TMathFeedBackProc> MathFeedBackProc{nullptr};
+constinit TSharedVar<ZOR_runtime::Boolean> AbortMathProc{false};
+constinit TSharedVar<ZOR_runtime::Double> ProcStat{0.0};
+
+}  // namespace ZOR_zorbase
+
+namespace zor::detail {
+
+void feedback_step(double steps) {
+  const double total = ZOR_zorbase::ProcStat += steps;
+  ZOR_zorbase::MathFeedBackProc(total);
+}
+
+bool feedback_step_aborts(double steps) {
+  feedback_step(steps);
+  return ZOR_zorbase::AbortMathProc;
+}
+
+}  // namespace zor::detail
