@@ -8,7 +8,10 @@
 #include "zor/runtime/dyn_array.h"
 #include "zor/runtime/event.h"
 #include "zor/runtime/exception.h"
+#include "zor/runtime/number_text.h"
 #include "zor/runtime/object.h"
+#include "zor/runtime/random.h"
+#include "zor/runtime/text.h"
 #include "zor/runtime/tstring.h"
 #include "zor/runtime/types.h"
 
@@ -34,6 +37,24 @@ using ZOR_runtime::CopyOf;
 using ZOR_runtime::High;
 using ZOR_runtime::Length;
 using ZOR_runtime::SetLength;
+
+using ZOR_runtime::Copy;
+using ZOR_runtime::Delete;
+using ZOR_runtime::ExtractFileExt;
+using ZOR_runtime::FileExists;
+using ZOR_runtime::IntToStr;
+using ZOR_runtime::LowerCase;
+using ZOR_runtime::Pos;
+using ZOR_runtime::Str;
+using ZOR_runtime::StrToInt;
+using ZOR_runtime::UpCase;
+using ZOR_runtime::UpperCase;
+using ZOR_runtime::Val;
+
+using ZOR_runtime::RandG;
+using ZOR_runtime::Random;
+using ZOR_runtime::Randomize;
+using ZOR_runtime::RandSeed;
 
 using ZOR_runtime::EConvertError;
 using ZOR_runtime::EInOutError;

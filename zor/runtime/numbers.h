@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cmath>
+#include <concepts>
+#include <limits>
+#include <span>
+#include <type_traits>
+
+#include "zor/runtime/pow10.h"
+#include "zor/runtime/types.h"
+
+/// \file  Routines on numbers.
+/// What turns a float into an integer never overflows: it stops at the ends of the integer's range, and NaN gives 0.
+
+namespace zor::detail {
+
+/// The whole number nearest to x, of two equally near ones the even one; without regard to the rounding mode.
+constexpr double round_to_even(double x) noexcept {
+  constexpr double kWhole = 0x1p52;  // from here on all doubles are whole
+  if (!(x > -kWhole && x < kWhole)) return x;
+  return x < 0.0 ? (x - kWhole) + kWhole : (x + kWhole) - kWhole;
+}
+
+/// x without its fraction, as an integer of type I.
+template <std::signed_integral I>
+constexpr I saturate(double x) noexcept {
+  constexpr double kLimit = 2.0 * static_cast<double>(I{1} << (std::numeric_limits<I>::digits - 1));
+  if (x != x) return 0;
+  if (x <= -kLimit) return (std::numeric_limits<I>::min)();
+  return x >= kLimit ? (std::numeric_limits<I>::max)() : static_cast<I>(x);
+}
+
+/// x rounded into Integer: to the nearest (ties to even), downward, toward zero.
+constexpr ZOR_runtime::Integer round_to_integer(double x) noexcept {
+  return saturate<ZOR_runtime::Integer>(round_to_even(x));
+}
+inline ZOR_runtime::Integer floor_to_integer(double x) noexcept {
+  return saturate<ZOR_runtime::Integer>(std::floor(x));
+}
+constexpr ZOR_runtime::Integer trunc_to_integer(double x) noexcept { return saturate<ZOR_runtime::Integer>(x); }
+
+}  // namespace zor::detail
+
+namespace ZOR_runtime {
+
+/// x rounded to the nearest integer, ties to the even one.
+constexpr Int64 Round(Double x) noexcept { return zor::detail::saturate<Int64>(zor::detail::round_to_even(x)); }
+/// x rounded toward zero.
+constexpr Int64 Trunc(Double x) noexcept { return zor::detail::saturate<Int64>(x); }
+/// The largest integer that is not above x.
+inline Int64 Floor(Double x) noexcept { return zor::detail::saturate<Int64>(std::floor(x)); }
+
+/// The whole part of x, with its sign.
+inline Double Int(Double x) noexcept { return std::trunc(x); }
+/// What Int leaves, with the sign of x; zero for infinities.
+inline Double Frac(Double x) noexcept { return std::copysign(std::isinf(x) ? 0.0 : x - std::trunc(x), x); }
+
+/// -1, 0 or 1; 0 for NaN.
+template <class T>
+requires std::is_arithmetic_v<T>
+constexpr Integer Sign(T x) noexcept { return x > T{} ? 1 : x < T{} ? -1 : 0; }
+
+/// The larger of two numbers of one type; b unless a is larger.
+template <class T>
+requires std::is_arithmetic_v<T>
+constexpr T Max(T a, T b) noexcept { return a > b ? a : b; }
+/// The smaller of two numbers of one type; b unless a is smaller.
+template <class T>
+requires std::is_arithmetic_v<T>
+constexpr T Min(T a, T b) noexcept { return a < b ? a : b; }
+
+/// x rounded to a multiple of 10^Digit, halves away from zero: Digit -2 leaves two decimals, Digit 3 thousands.
+/// Int(x * 10^d + 0.5 with the sign of x) / 10^d with d = -Digit. Numbers that have no more digits to lose
+/// (|x| * 10^d above 2^53) and non-finite ones come back as they are.
+ZOR_API Double SimpleRoundTo(Double x, Integer Digit) noexcept;
+
+/// Standard deviation, n - 1 in the denominator; 0 for fewer than two numbers and, exactly, for equal ones.
+/// Two passes over the differences from the first number, so that a large common offset costs no digits.
+ZOR_API Double StdDev(std::span<const Double> x) noexcept;
+
+inline Double Sqrt(Double x) noexcept { return std::sqrt(x); }
+inline Double Exp(Double x) noexcept { return std::exp(x); }
+inline Double Ln(Double x) noexcept { return std::log(x); }
+inline Double Sin(Double x) noexcept { return std::sin(x); }
+inline Double Cos(Double x) noexcept { return std::cos(x); }
+inline Double Tan(Double x) noexcept { return std::tan(x); }
+inline Double ArcTan(Double x) noexcept { return std::atan(x); }
+/// Angle of the point (x, y) to the x axis, from -pi to pi.
+inline Double ArcTan2(Double y, Double x) noexcept { return std::atan2(y, x); }
+inline Double ArcCos(Double x) noexcept { return std::acos(x); }
+inline Double Power(Double Base, Double Exponent) noexcept { return std::pow(Base, Exponent); }
+
+}  // namespace ZOR_runtime
