@@ -13,6 +13,8 @@ target_compile_features(zor_options INTERFACE cxx_std_20)
 target_include_directories(zor_options INTERFACE ${PROJECT_SOURCE_DIR})
 # Formulas are compiled as written: no fused multiply-add unless a kernel says so.
 target_compile_options(zor_options INTERFACE -ffp-contract=off)
+target_compile_definitions(zor_options INTERFACE $<$<BOOL:${ZOR_HAVE_PNG}>:ZOR_HAVE_PNG>
+                           $<$<BOOL:${ZOR_HAVE_JPEG}>:ZOR_HAVE_JPEG>)
 add_library(zor_warnings INTERFACE)
 target_compile_options(zor_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                        $<$<BOOL:${ZOR_WARNINGS_AS_ERRORS}>:-Werror>)
@@ -21,7 +23,7 @@ function(zor_layer_settings target)
   target_link_libraries(${target} PRIVATE zor_options zor_warnings)
   set_target_properties(${target} PROPERTIES
     CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON POSITION_INDEPENDENT_CODE ON)
-  if(BUILD_SHARED_LIBS)
+  if(WIN32 AND BUILD_SHARED_LIBS)
     target_compile_definitions(${target} PRIVATE ZOR_SHARED_BUILD)
   endif()
 endfunction()
@@ -76,6 +78,19 @@ function(zor_finish_library)
       list(APPEND objects $<TARGET_OBJECTS:${part}>)
     endforeach()
   endforeach()
+  # Inner headers and the inner loops are not part of the interface and stay behind.
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/zor/*.h)
+  list(FILTER headers EXCLUDE REGEX "_internal\\.h$|/zor/kernels/")
+
   add_library(zor ${objects})
   add_library(zor::zor ALIAS zor)
+  target_sources(zor PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${headers})
+  target_compile_features(zor PUBLIC cxx_std_20)
+  target_link_libraries(zor PRIVATE ${ZOR_EXTERNAL_LIBRARIES})
+  if(WIN32 AND BUILD_SHARED_LIBS)
+    target_compile_definitions(zor INTERFACE ZOR_SHARED)
+  endif()
+  # Before 1.0 each minor version may change the binary interface.
+  set_target_properties(zor PROPERTIES LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION}
+                        SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 endfunction()

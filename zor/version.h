@@ -1,13 +1,17 @@
 #pragma once
 
-/// \file  Version of the library.
+#include "zor/export.h"
 
-#define ZOR_VERSION "0.1.0"
+/// \file  Version of the library. These three numbers are the only place where it stands; the build reads them here.
+
 #define ZOR_VERSION_MAJOR 0
 #define ZOR_VERSION_MINOR 1
 #define ZOR_VERSION_PATCH 0
 
-#include "zor/export.h"
+#define ZOR_VERSION_TEXT_(major, minor, patch) #major "." #minor "." #patch
+#define ZOR_VERSION_TEXT(major, minor, patch) ZOR_VERSION_TEXT_(major, minor, patch)
+/// Version of the headers, as text: "0.1.0".
+#define ZOR_VERSION ZOR_VERSION_TEXT(ZOR_VERSION_MAJOR, ZOR_VERSION_MINOR, ZOR_VERSION_PATCH)
 
 namespace zor {
 

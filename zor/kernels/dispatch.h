@@ -28,17 +28,25 @@ const Table& pick(const Table& v2, const Table& v3, const Table& v4) noexcept {
   return level == Level::v4 ? v4 : level == Level::v3 ? v3 : v2;
 }
 /// Declares the tables of all levels of a topic and `table()`, the one in use.
-#define ZOR_KERNEL_TABLE(Table, name)                \
-  namespace v2 { extern const Table name; }          \
-  namespace v3 { extern const Table name; }          \
-  namespace v4 { extern const Table name; }          \
-  namespace {                                        \
+#define ZOR_KERNEL_TABLE(Table, name)                                          \
+  namespace v2 {                                                               \
+  extern const Table name;                                                     \
+  }                                                                            \
+  namespace v3 {                                                               \
+  extern const Table name;                                                     \
+  }                                                                            \
+  namespace v4 {                                                               \
+  extern const Table name;                                                     \
+  }                                                                            \
+  namespace {                                                                  \
   const Table& table() noexcept { return pick(v2::name, v3::name, v4::name); } \
   }
 #else
-#define ZOR_KERNEL_TABLE(Table, name)                \
-  namespace base { extern const Table name; }        \
-  namespace {                                        \
+#define ZOR_KERNEL_TABLE(Table, name)                  \
+  namespace base {                                     \
+  extern const Table name;                             \
+  }                                                    \
+  namespace {                                          \
   const Table& table() noexcept { return base::name; } \
   }
 #endif

@@ -223,7 +223,7 @@ struct DynArrayAccess {
       a.size_ = n;
       return;
     }
-    const std::size_t kept = fresh == Fresh::kZero ? std::min(n, a.size_) : 0;
+    const std::size_t kept = fresh == Fresh::kZero ? (std::min)(n, a.size_) : 0;
     auto made = ZOR_runtime::TDynArray<T>::with_length(n, kept == n ? Fresh::kUnset : fresh);
     if constexpr (is_plain_cell<T>) {
       if (kept) std::memcpy(static_cast<void*>(made.data_), a.data_, kept * sizeof(T));
@@ -260,7 +260,7 @@ struct DynArrayAccess {
 
   template <class T>
   static void copy_common(const ZOR_runtime::TDynArray<T>& from, ZOR_runtime::TDynArray<T>& to) {
-    const std::size_t n = std::min(from.size_, to.size_);
+    const std::size_t n = (std::min)(from.size_, to.size_);
     if constexpr (is_dyn_array<T>) {
       for (std::size_t i = 0; i < n; ++i) copy_common(from.data_[i], to.data_[i]);
     } else {

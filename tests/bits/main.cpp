@@ -1,0 +1,59 @@
+#include <bit>
+#include <cinttypes>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "bits.h"
+#include "zor/kernels/dispatch.h"
+
+namespace {
+
+using zor::kernels::Level;
+
+const char* current_section = "";
+
+// Ordered by name: the order in which the linker puts the files together must not show.
+std::map<std::string, void (*)()>& sections() {
+  static std::map<std::string, void (*)()> all;
+  return all;
+}
+
+// ZOR_BITS_LEVEL=v2, v3 or v4 limits the kernels to that level.
+bool limit_level_as_told() {
+  const char* told = std::getenv("ZOR_BITS_LEVEL");
+  if (!told) return true;
+  const std::map<std::string_view, Level> levels = {{"v2", Level::v2}, {"v3", Level::v3}, {"v4", Level::v4}};
+  const auto found = levels.find(told);
+  if (found == levels.end()) return false;
+  zor::kernels::limit_level(found->second);
+  return true;
+}
+
+}  // namespace
+
+namespace bits {
+
+void print(std::string_view name, double result) {
+  std::printf("%s.%.*s %016" PRIx64 " %.17g\n", current_section, static_cast<int>(name.size()), name.data(),
+              std::bit_cast<std::uint64_t>(result), result);
+}
+
+Section::Section(const char* name, void (*run)()) { sections()[name] = run; }
+
+}  // namespace bits
+
+int main() {
+  if (!limit_level_as_told()) {
+    std::fprintf(stderr, "ZOR_BITS_LEVEL is none of v2, v3, v4\n");
+    return 2;
+  }
+  std::fprintf(stderr, "level v%d\n", 2 + static_cast<int>(zor::kernels::active_level()));
+  for (const auto& [name, run] : sections()) {
+    current_section = name.c_str();
+    run();
+  }
+}
