@@ -7,66 +7,46 @@ namespace {
 
 typedef std::uint32_t VecU __attribute__((vector_size(ZOR_VECTOR_BYTES), aligned(4), may_alias));
 
-template <class T>
-struct Register;
-template <>
-struct Register<double> {
-  typedef VecD type;
-};
-template <>
-struct Register<std::uint32_t> {
-  typedef VecU type;
-};
+// What a place of a run is read and written as. Not a template parameter: that would lose the alignment of VecD.
+struct Register {};
+struct Cell {};
 
-/// out[i] = op(i-th cells), four registers at a time. `at` gives the operands of one place as V, a register or a cell.
-template <class T, class Op>
-inline void for_cells(T* out, std::size_t n, Op op) {
-  using V = typename Register<T>::type;
-  constexpr std::size_t lanes = sizeof(V) / sizeof(T);
+inline VecD load(const double* x, Register) { return *reinterpret_cast<const VecD*>(x); }
+inline VecU load(const std::uint32_t* x, Register) { return *reinterpret_cast<const VecU*>(x); }
+inline double load(const double* x, Cell) { return *x; }
+inline std::uint32_t load(const std::uint32_t* x, Cell) { return *x; }
+inline void store(double* out, VecD v) { *reinterpret_cast<VecD*>(out) = v; }
+inline void store(std::uint32_t* out, VecU v) { *reinterpret_cast<VecU*>(out) = v; }
+
+/// out[i] = cell(i), four registers at a time.
+template <class T, class CellAt>
+inline void for_cells(T* out, std::size_t n, CellAt cell) {
+  constexpr std::size_t lanes = ZOR_VECTOR_BYTES / sizeof(T);
+  constexpr Register wide;
   std::size_t i = 0;
   for (; i + 4 * lanes <= n; i += 4 * lanes) {
-    const V a = op.template at<V>(i), b = op.template at<V>(i + lanes);
-    const V c = op.template at<V>(i + 2 * lanes), d = op.template at<V>(i + 3 * lanes);
-    *reinterpret_cast<V*>(out + i) = a;
-    *reinterpret_cast<V*>(out + i + lanes) = b;
-    *reinterpret_cast<V*>(out + i + 2 * lanes) = c;
-    *reinterpret_cast<V*>(out + i + 3 * lanes) = d;
+    const auto a = cell(i, wide), b = cell(i + lanes, wide);
+    const auto c = cell(i + 2 * lanes, wide), d = cell(i + 3 * lanes, wide);
+    store(out + i, a);
+    store(out + i + lanes, b);
+    store(out + i + 2 * lanes, c);
+    store(out + i + 3 * lanes, d);
   }
-  for (; i + lanes <= n; i += lanes) *reinterpret_cast<V*>(out + i) = op.template at<V>(i);
-  for (; i < n; ++i) out[i] = op.template at<T>(i);
+  for (; i + lanes <= n; i += lanes) store(out + i, cell(i, wide));
+  for (; i < n; ++i) out[i] = cell(i, Cell{});
 }
 
-template <class V, class T>
-inline V load(const T* x) {
-  return *reinterpret_cast<const V*>(x);
+/// out[i] = f(x[i]).
+template <class T, class F>
+inline void map(const T* x, T* out, std::size_t n, F f) {
+  for_cells(out, n, [=](std::size_t i, auto as) { return f(load(x + i, as)); });
 }
 
-/// f(x[i]).
+/// out[i] = f(x[i], y[i]).
 template <class T, class F>
-struct Unary {
-  const T* x;
-  F f;
-  template <class V>
-  V at(std::size_t i) const {
-    return f(load<V>(x + i));
-  }
-};
-template <class T, class F>
-Unary(const T*, F) -> Unary<T, F>;
-
-/// f(x[i], y[i]).
-template <class T, class F>
-struct Binary {
-  const T* x;
-  const T* y;
-  F f;
-  template <class V>
-  V at(std::size_t i) const {
-    return f(load<V>(x + i), load<V>(y + i));
-  }
-};
-template <class T, class F>
-Binary(const T*, const T*, F) -> Binary<T, F>;
+inline void map(const T* x, const T* y, T* out, std::size_t n, F f) {
+  for_cells(out, n, [=](std::size_t i, auto as) { return f(load(x + i, as), load(y + i, as)); });
+}
 
 inline double magnitude(double x) { return __builtin_fabs(x); }
 inline VecD magnitude(VecD x) { return (VecD)((VecL)x & INT64_MAX); }
@@ -82,33 +62,33 @@ void fill(T* out, T value, std::size_t n) {
 }
 template <class T>
 void add(const T* x, const T* y, T* out, std::size_t n) {
-  for_cells(out, n, Binary{x, y, [](auto p, auto q) { return p + q; }});
+  map(x, y, out, n, [](auto p, auto q) { return p + q; });
 }
 template <class T>
 void subtract(const T* x, const T* y, T* out, std::size_t n) {
-  for_cells(out, n, Binary{x, y, [](auto p, auto q) { return p - q; }});
+  map(x, y, out, n, [](auto p, auto q) { return p - q; });
 }
 template <class T>
 void multiply(const T* x, const T* y, T* out, std::size_t n) {
-  for_cells(out, n, Binary{x, y, [](auto p, auto q) { return p * q; }});
+  map(x, y, out, n, [](auto p, auto q) { return p * q; });
 }
 template <class T>
 void scale(const T* x, T a, T* out, std::size_t n) {
-  for_cells(out, n, Unary{x, [a](auto p) { return p * a; }});
+  map(x, out, n, [a](auto p) { return p * a; });
 }
 template <class T>
 void shift(const T* x, T a, T* out, std::size_t n) {
-  for_cells(out, n, Unary{x, [a](auto p) { return p + a; }});
+  map(x, out, n, [a](auto p) { return p + a; });
 }
 template <class T>
 void absolute(const T* x, T* out, std::size_t n) {
-  for_cells(out, n, Unary{x, [](auto p) { return magnitude(p); }});
+  map(x, out, n, [](auto p) { return magnitude(p); });
 }
 void axpy(double a, const double* x, double* y, std::size_t n) {
-  for_cells(y, n, Binary{static_cast<const double*>(y), x, [a](auto p, auto q) { return p + q * a; }});
+  map<double>(y, x, y, n, [a](auto p, auto q) { return p + q * a; });
 }
 void shift_scale(const double* x, double a, double b, double* out, std::size_t n) {
-  for_cells(out, n, Unary{x, [a, b](auto p) { return (p - a) / b; }});
+  map(x, out, n, [a, b](auto p) { return (p - a) / b; });
 }
 
 template <class T>
