@@ -35,9 +35,11 @@ namespace zor::detail {
 /// Size or index as the kernels take it; negative counts as 0.
 constexpr std::size_t to_size(std::int64_t n) noexcept { return n < 0 ? 0 : static_cast<std::size_t>(n); }
 
+inline constexpr std::int32_t kMaxInteger = 2147483647;
+
 /// Size or index as the interfaces give it; at most the largest Integer.
 constexpr std::int32_t to_integer(std::size_t n) noexcept {
-  constexpr std::size_t kMax = 2147483647;
+  constexpr std::size_t kMax = kMaxInteger;
   return static_cast<std::int32_t>(n < kMax ? n : kMax);
 }
 
