@@ -11,7 +11,12 @@
 #include "zor/runtime/number_text.h"
 #include "zor/runtime/object.h"
 #include "zor/runtime/random.h"
+#include "zor/runtime/record_file.h"
+#include "zor/runtime/streams.h"
+#include "zor/runtime/string_list.h"
 #include "zor/runtime/text.h"
+#include "zor/runtime/text_file.h"
+#include "zor/runtime/threads.h"
 #include "zor/runtime/tstring.h"
 #include "zor/runtime/types.h"
 
@@ -68,5 +73,16 @@ using ZOR_runtime::Make;
 using ZOR_runtime::TComponent;
 using ZOR_runtime::TObject;
 using ZOR_runtime::TPersistent;
+
+using ZOR_runtime::TFileStream;
+using ZOR_runtime::TMemoryStream;
+using ZOR_runtime::TRecordFile;
+using ZOR_runtime::TStream;
+using ZOR_runtime::TStringList;
+using ZOR_runtime::TTextFile;
+
+using ZOR_runtime::CPUCount;
+using ZOR_runtime::TCriticalSection;
+using ZOR_runtime::TThread;
 
 }  // namespace ZOR_zorbase

@@ -2,16 +2,10 @@
 
 #include <ostream>
 
-namespace ZOR_runtime {
-namespace {
+#include "zor/runtime/utf8.h"
 
-constexpr char32_t kReplacement = 0xFFFD;
+namespace zor::detail {
 
-constexpr bool is_high(char32_t u) { return u >= 0xD800 && u <= 0xDBFF; }
-constexpr bool is_low(char32_t u) { return u >= 0xDC00 && u <= 0xDFFF; }
-
-// Takes one code point from the front of bytes. A bad sequence gives U+FFFD and takes its longest valid beginning, at
-// least one byte, as the Unicode Standard (chapter 3.9) recommends.
 char32_t take_utf8(std::string_view& bytes) {
   const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
   const unsigned lead = byte(0);
@@ -34,12 +28,12 @@ char32_t take_utf8(std::string_view& bytes) {
     if (lead == 0xF4) high = 0x8F;
   } else {
     bytes.remove_prefix(1);
-    return kReplacement;
+    return char32_t{0xFFFD};
   }
   for (std::size_t i = 1; i <= more; ++i) {
     if (i >= bytes.size() || byte(i) < low || byte(i) > high) {
       bytes.remove_prefix(i);
-      return kReplacement;
+      return char32_t{0xFFFD};
     }
     code = (code << 6) | (byte(i) & 0x3F);
     low = 0x80, high = 0xBF;
@@ -47,6 +41,18 @@ char32_t take_utf8(std::string_view& bytes) {
   bytes.remove_prefix(more + 1);
   return code;
 }
+
+}  // namespace zor::detail
+
+namespace ZOR_runtime {
+namespace {
+
+using zor::detail::take_utf8;
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+constexpr bool is_high(char32_t u) { return u >= 0xD800 && u <= 0xDBFF; }
+constexpr bool is_low(char32_t u) { return u >= 0xDC00 && u <= 0xDFFF; }
 
 void append_utf8(std::string& out, char32_t c) {
   const auto put = [&](char32_t b) { out += static_cast<char>(static_cast<unsigned char>(b)); };
