@@ -1,5 +1,6 @@
 #include <bit>
 #include <cinttypes>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -40,6 +41,26 @@ namespace bits {
 void print(std::string_view name, double result) {
   std::printf("%s.%.*s %016" PRIx64 " %.17g\n", current_section, static_cast<int>(name.size()), name.data(),
               std::bit_cast<std::uint64_t>(result), result);
+}
+
+void print(std::string_view name, std::span<const double> results) {
+  std::uint64_t hash = 14695981039346656037u;
+  for (const double result : results) {
+    hash = (hash ^ std::bit_cast<std::uint64_t>(result)) * 1099511628211u;
+  }
+  std::printf("%s.%.*s %016" PRIx64 " of %zu\n", current_section, static_cast<int>(name.size()), name.data(), hash,
+              results.size());
+}
+
+std::vector<double> noise(std::size_t n, std::uint64_t seed) {
+  std::vector<double> cells(n);
+  std::uint64_t state = seed;
+  const auto next = [&state] { return state = state * 6364136223846793005u + 1442695040888963407u; };
+  for (double& cell : cells) {
+    const double fraction = static_cast<double>(next() >> 11) * 0x1p-53 - 0.5;
+    cell = std::ldexp(fraction, static_cast<int>(next() >> 32) % 21);
+  }
+  return cells;
 }
 
 Section::Section(const char* name, void (*run)()) { sections()[name] = run; }
