@@ -1,0 +1,140 @@
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include "zor/base/reader_limits.h"
+#include "zor/runtime/number_reader.h"
+#include "zor/runtime/numbers.h"
+#include "zor/runtime/text_file.h"
+#include "zor/vectors/run_writer_internal.h"
+#include "zor/vectors/vector.h"
+
+namespace ZOR_vector {
+namespace {
+
+using ZOR_runtime::TTextFile;
+
+/// Carries out action on a new file. True as soon as the file exists; what happens then is dropped.
+template <class Action>
+bool write_file(const TString& name, Action action) {
+  Boolean created = false;
+  try {
+    TTextFile file(name);
+    file.Rewrite();
+    created = true;
+    action(file);
+    file.Close();
+  } catch (...) {  // a file that is incomplete is the caller's to find out
+  }
+  return created;
+}
+
+}  // namespace
+
+template <Cell T>
+Boolean BasicVector<T>::StoreOnFile(Integer FirstElem, Integer LastElem, Integer Precision,
+                                    const TString& FileName) const requires RealCell<T> {
+  const Integer decimals = Precision < -2 ? 2 : std::min(Precision, 20);
+  const Integer width = decimals == -2 ? 26 : decimals == -1 ? 13 : 1;
+  MakeValidElemRange(FirstElem, LastElem);
+  return write_file(FileName, [&](TTextFile& file) {
+    file.WriteInteger(FirstElem);
+    file.Write(" ");
+    file.WriteInteger(LastElem);
+    file.WriteLn();
+    for (const T x : range(FirstElem, LastElem)) {
+      file.WriteFloat(x, width, decimals);
+      file.WriteLn();
+    }
+  });
+}
+
+template <Cell T>
+Boolean BasicVector<T>::StoreOnFile(Integer FirstElem, Integer LastElem, const TString& FileName) const
+    requires(!RealCell<T>) {
+  if (LastElem < FirstElem) std::swap(FirstElem, LastElem);
+  FirstElem = std::max(FirstElem, 1);
+  LastElem = std::min(LastElem, NrOfElem());
+  return write_file(FileName, [&](TTextFile& file) {
+    file.WriteInteger(FirstElem);
+    file.Write(" ");
+    file.WriteInteger(LastElem);
+    file.WriteLn();
+    for (Integer i = FirstElem; i <= LastElem; ++i) {
+      file.WriteInteger(GetVal(i));
+      file.WriteLn();
+    }
+  });
+}
+
+template <Cell T>
+Boolean BasicVector<T>::LoadFromFile(const TString& FileName, Boolean AdjustVectorSize) {
+  Boolean result = false;
+  try {
+    TTextFile file(FileName);
+    file.Reset();
+    Integer lo = 0, hi = 0;
+    if (!file.ReadInteger(lo) || !file.ReadInteger(hi)) return false;
+    if (AdjustVectorSize) {
+      if (hi > 0 && !zor::detail::may_allocate(hi, file.Remaining(), zor::detail::kSmallestTextCell)) return false;
+      Resize(hi);
+    }
+    if (hi <= NrOfElem()) {
+      result = true;
+      zor::detail::RunWriter<T> out([this](auto values, Int64 first) { store_cells(values, first); });
+      for (Int64 i = lo; i <= hi && !file.Eof(); ++i) {
+        Double x = 0.0;
+        if (file.ReadFloat(x)) out.put(i, zor::detail::to_cell<T>(x));
+      }
+      out.flush();
+    }
+    file.Close();
+    Changed();
+  } catch (...) {  // the result says how far it got
+  }
+  return result;
+}
+
+template <Cell T>
+Boolean BasicVector<T>::LoadFromFile(const TString& FileName, Boolean AdjustVectorSize,
+                                     Boolean AutoDetect) requires RealCell<T> {
+  if (!AutoDetect) return LoadFromFile(FileName, AdjustVectorSize);
+  constexpr std::string_view kMark = "//dig";
+  const auto marked = [&](std::string_view line) { return line.find(kMark) != line.npos; };
+  Boolean result = false;
+  try {
+    TTextFile file(FileName);
+    file.Reset();
+    Int64 lines = 0;
+    for (std::string_view line; file.read_line(line);) lines += marked(line);
+    if (lines == 0) {
+      file.Close();
+      return LoadFromFile(FileName, AdjustVectorSize);
+    }
+    if (AdjustVectorSize) Resize(zor::detail::to_integer(static_cast<std::size_t>(lines)));
+    file.Reset();
+    result = true;
+    zor::detail::RunWriter<T> out([this](auto values, Int64 first) { store_cells(values, first); });
+    Int64 i = 1;
+    for (std::string_view line; i <= NrOfElem() && file.read_line(line);) {
+      if (!marked(line)) continue;
+      if (const auto number = zor::detail::parse_number(zor::detail::strip_blanks(line))) out.put(i, number.value);
+      ++i;
+    }
+    out.flush();
+    file.Close();
+    Changed();
+  } catch (...) {  // the result says how far it got
+  }
+  return result;
+}
+
+#define ZOR_INSTANCES(T) template Boolean BasicVector<T>::LoadFromFile(const TString&, Boolean);
+
+ZOR_INSTANCES(Double)
+ZOR_INSTANCES(Integer)
+template Boolean BasicVector<Double>::StoreOnFile(Integer, Integer, Integer, const TString&) const;
+template Boolean BasicVector<Integer>::StoreOnFile(Integer, Integer, const TString&) const;
+template Boolean BasicVector<Double>::LoadFromFile(const TString&, Boolean, Boolean);
+
+}  // namespace ZOR_vector

@@ -1,0 +1,364 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+#include "zor/kernels/extremes.h"
+#include "zor/kernels/moments.h"
+#include "zor/kernels/sums.h"
+#include "zor/runtime/numbers.h"
+#include "zor/vectors/ranked_internal.h"
+#include "zor/vectors/vector.h"
+
+namespace ZOR_vector {
+namespace {
+
+namespace kernels = zor::kernels;
+
+/// Calls take(first, chunk) with the cells as doubles, run by run.
+template <class T, class Take>
+void for_doubles(std::span<const T> cells, Take take) {
+  if constexpr (RealCell<T>) {
+    take(std::size_t{0}, cells);
+  } else {
+    std::array<Double, 512> chunk;
+    for (std::size_t i = 0; i < cells.size(); i += chunk.size()) {
+      const std::span<const T> part = cells.subspan(i, std::min(chunk.size(), cells.size() - i));
+      std::ranges::copy(part, chunk.begin());
+      take(i, std::span<const Double>(chunk.data(), part.size()));
+    }
+  }
+}
+
+/// Private copy of cells; an allocation that fails raises the message of the heap.
+template <class T>
+TDynArray<T> work_copy(const TComponent& component, std::span<const T> cells) {
+  try {
+    return TDynArray<T>(cells.begin(), cells.end());
+  } catch (const EOutOfMemory&) {
+    zor::detail::Fail<EZORVectorError>(component, "not enough memory on heap");
+  }
+}
+
+Double interpolate(Double lower, Double upper, Double fraction) { return lower + (upper - lower) * fraction; }
+
+void count(Integer& counter, Int64 by = 1) noexcept {
+  counter = static_cast<Integer>(std::min<Int64>(Int64{counter} + by, zor::detail::kMaxInteger));
+}
+
+}  // namespace
+
+template <Cell T>
+T BasicVector<T>::Sum(Integer LowElem, Integer HighElem) const {
+  if constexpr (RealCell<T>) {
+    return kernels::sum_in_order(range(LowElem, HighElem));
+  } else {
+    return kernels::sum_wrapping(range(LowElem, HighElem));
+  }
+}
+
+template <Cell T>
+void BasicVector<T>::MeanVar(Integer LowElem, Integer HighElem, Double& Mean, Double& Variance) const {
+  const kernels::MeanVar result = kernels::mean_variance(range(LowElem, HighElem));
+  Mean = result.mean;
+  Variance = result.n < 3 ? 1.0 : result.variance;
+}
+
+template <Cell T>
+void BasicVector<T>::MinMax(Integer LowElem, Integer HighElem, T& Minimum, T& Maximum) const {
+  Integer min_ix = 0, max_ix = 0;
+  MinMax(LowElem, HighElem, Minimum, Maximum, min_ix, max_ix);
+}
+
+template <Cell T>
+void BasicVector<T>::MinMax(Integer LowElem, Integer HighElem, T& Minimum, T& Maximum, Integer& MinIx,
+                            Integer& MaxIx) const {
+  constexpr T kStart = RealCell<T> ? static_cast<T>(1.7e308L) : static_cast<T>(2147483647);
+  MakeValidElemRange(LowElem, HighElem);
+  kernels::Extremes<T> extremes{kStart, -kStart};
+  kernels::min_max(range(LowElem, HighElem), extremes, static_cast<std::size_t>(LowElem));
+  const auto number = [](std::size_t i) { return i == kernels::kNone ? 0 : static_cast<Integer>(i); };
+  Minimum = extremes.minimum;
+  Maximum = extremes.maximum;
+  MinIx = number(extremes.min_index);
+  MaxIx = number(extremes.max_index);
+}
+
+template <Cell T>
+T BasicVector<T>::Mode(Integer LowElem, Integer HighElem) const {
+  const std::span<const T> cells = range(LowElem, HighElem);
+  TArray sorted(cells.begin(), cells.end());
+  ZOR_math1::SortArray(std::span<T>(sorted), true);
+  std::size_t run = 0, best = 0, at = 0;
+  for (std::size_t i = 1; i < sorted.size(); ++i) {
+    run = sorted[i] == sorted[i - 1] ? run + 1 : 0;
+    if (run > best) best = run, at = i;
+  }
+  return sorted[at];
+}
+
+template <Cell T>
+Boolean BasicVector<T>::Quartiles(Integer LowElem, Integer HighElem, Double& Q1, Double& Q2, Double& Q3) const {
+  Q1 = Q2 = Q3 = 0.0;
+  TArray work = work_copy<T>(*this, range(LowElem, HighElem));
+  const std::size_t n = work.size();
+  std::array<std::size_t, 6> ranks;
+  std::array<Double, 3> fractions;
+  for (std::size_t q = 0; q < 3; ++q) {
+    const Double position = (static_cast<Double>(n) + 1.0) * (0.25 * static_cast<Double>(q + 1));
+    const Double whole = std::floor(position);
+    const auto k = static_cast<std::size_t>(whole);
+    // Ranks count from 0 here: rank k - 1 is the k-th value.
+    ranks[2 * q] = k == 0 ? 0 : std::min(k - 1, n - 1);
+    ranks[2 * q + 1] = k == 0 || k >= n ? ranks[2 * q] : k;
+    fractions[q] = k == 0 || k >= n ? 0.0 : position - whole;
+    if (k >= n) ranks[2 * q] = ranks[2 * q + 1] = n - 1;
+  }
+  std::array<T, 6> values;
+  zor::detail::ranked_values<T>(work, ranks, values);
+  const auto quartile = [&](std::size_t q) {
+    if (ranks[2 * q] == ranks[2 * q + 1]) return static_cast<Double>(values[2 * q]);
+    return interpolate(static_cast<Double>(values[2 * q]), static_cast<Double>(values[2 * q + 1]), fractions[q]);
+  };
+  Q1 = quartile(0);
+  Q2 = quartile(1);
+  Q3 = quartile(2);
+  return true;
+}
+
+template <Cell T>
+Double BasicVector<T>::Percentile(Double prob, Integer LowElem, Integer HighElem) const {
+  if (std::isnan(prob)) return prob;
+  TArray work = work_copy<T>(*this, range(LowElem, HighElem));
+  const std::size_t last = work.size() - 1;
+  const Double position = static_cast<Double>(last) * std::clamp(prob, 0.0, 100.0) / 100.0;
+  const Double whole = std::floor(position);
+  std::array<std::size_t, 2> ranks{last, last};
+  Double fraction = 0.0;
+  // The product may round up to the last rank for a prob just below 100.
+  if (prob < 100.0 && whole < static_cast<Double>(last)) {
+    ranks[0] = static_cast<std::size_t>(whole);
+    ranks[1] = ranks[0] + 1;
+    fraction = position - whole;
+  }
+  std::array<T, 2> values;
+  zor::detail::ranked_values<T>(work, ranks, values);
+  if (ranks[0] == last) return static_cast<Double>(values[0]);
+  return interpolate(static_cast<Double>(values[0]), static_cast<Double>(values[1]), fraction);
+}
+
+template <Cell T>
+Double BasicVector<T>::GeometricMean(Integer LowElem, Integer HighElem) const {
+  const std::span<const T> cells = range(LowElem, HighElem);
+  Boolean zero = false;
+  Double logarithms = 0.0;
+  for (const T x : cells) {
+    if (x < 0) zor::detail::Fail<EZORVectorError>(*this, "negative argument passed to GeometricMean");
+    if (x == 0) {
+      zero = true;
+    } else {
+      logarithms += std::log(static_cast<Double>(x));
+    }
+  }
+  return zero ? 0.0 : std::exp(logarithms / static_cast<Double>(cells.size()));
+}
+
+template <Cell T>
+Double BasicVector<T>::HarmonicMean(Integer LowElem, Integer HighElem) const {
+  const std::span<const T> cells = range(LowElem, HighElem);
+  Double reciprocals = 0.0;
+  for (const T x : cells) {
+    if (x <= 0) zor::detail::Fail<EZORVectorError>(*this, "negative or zero argument passed to HarmonicMean");
+    reciprocals += 1.0 / static_cast<Double>(x);
+  }
+  return static_cast<Double>(cells.size()) / reciprocals;
+}
+
+template <Cell T>
+void BasicVector<T>::SkewKurtIntern(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis,
+                                    Integer& NumData) const {
+  Skewness = Kurtosis = 0.0;
+  const std::span<const T> cells = range(LowElem, HighElem);
+  NumData = zor::detail::to_integer(cells.size());
+  if (NumData < 4) return;
+  const Double n = NumData;
+  Double sum = 0.0;
+  for_doubles<T>(cells, [&](std::size_t, std::span<const Double> x) { sum = kernels::sum_in_order(x, sum); });
+  const Double mean = sum / n;
+  kernels::CentralSums d;
+  for_doubles<T>(cells, [&](std::size_t, std::span<const Double> x) { kernels::accumulate_in_order(d, x, mean); });
+  const Double variance = (d.d2 - d.d1 * d.d1 / n) / (n - 1.0);
+  const Double s = std::sqrt(variance < 0.0 ? 0.0 : variance);
+  Skewness = d.d3;
+  Kurtosis = d.d4;
+  if (s == 0.0) return;
+  Skewness = d.d3 / n / s / s / s;
+  Kurtosis = d.d4 / n / (s * s * (s * s)) - 3.0;
+}
+
+template <Cell T>
+void BasicVector<T>::SkewKurt(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis) const {
+  Integer n = 0;
+  SkewKurtIntern(LowElem, HighElem, Skewness, Kurtosis, n);
+}
+
+template <Cell T>
+void BasicVector<T>::SkewKurtSample(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis) const {
+  Integer count = 0;
+  SkewKurtIntern(LowElem, HighElem, Skewness, Kurtosis, count);
+  if (count < 4) return;
+  const Double n = count;
+  Kurtosis = (Kurtosis + 3.0) * n * n * (n + 1.0) / (n - 1.0) / (n - 2.0) / (n - 3.0) -
+             3.0 * (n - 1.0) * (n - 1.0) / (n - 2.0) / (n - 3.0);
+  Skewness = Skewness * n * n / (n - 1.0) / (n - 2.0);
+}
+
+template <Cell T>
+Boolean BasicVector<T>::Histogram(Integer FirstElem, Integer LastElem, T FirstBin, T LastBin, T BinWidth,
+                                  TIntArray& Histo, Integer& Underflow, Integer& Overflow, Integer& MaxCnt) const {
+  // Integers are counted in 64 bits, where neither limits nor distances can overflow.
+  using Wide = std::conditional_t<RealCell<T>, Double, Int64>;
+  const Wide first = FirstBin, width = RealCell<T> ? Wide{BinWidth} : std::max<Wide>(BinWidth, 1);
+  const Wide end = LastBin + width;
+  Int64 bins = 0;
+  if constexpr (RealCell<T>) {
+    const Double ratio = std::abs(LastBin - FirstBin) / BinWidth;
+    // Half a bin more would round to one bin too many.
+    if (!(BinWidth > 0.0) || !std::isfinite(first) || !std::isfinite(end) || !(ratio < kMaxBins - 0.5)) return false;
+    bins = ZOR_runtime::Round(ratio) + 1;
+  } else {
+    const Int64 distance = Int64{LastBin} - first;
+    bins = (distance < 0 ? -distance : distance) / width + 1;
+    if (bins > kMaxBins) {
+      throw EZORVectorError("Component \"" + Name() + ".Histogram\": invalid number of bins");
+    }
+  }
+  if (Length(Histo) != bins) SetLength(Histo, bins);
+  std::ranges::fill(Histo, 0);
+  Underflow = Overflow = MaxCnt = 0;
+
+  const auto place = [&](Wide x, Int64 times) {
+    if (x < first) return count(Underflow, times);
+    if (!(x < end)) return count(Overflow, times);
+    const Wide offset = (x - first) / width;
+    const auto bin = static_cast<Int64>(offset);
+    if (bin >= bins) return count(Overflow, times);  // no whole number of bins, or a quotient rounded up
+    count(Histo[bin], times);
+    MaxCnt = std::max(MaxCnt, Histo[bin]);
+  };
+  const Int64 lo = std::max<Int64>(FirstElem, 1), hi = std::min<Int64>(LastElem, NrOfElem());
+  for (Int64 i = lo; i <= hi; ++i) place(FVec[i - 1], 1);
+  const Int64 told = Int64{LastElem} - FirstElem + 1, inside = std::max<Int64>(hi - lo + 1, 0);
+  if (told > inside) place(Wide{0}, told - inside);
+  return true;
+}
+
+template <Cell T>
+Boolean BasicVector<T>::Histogram(Integer FirstElem, Integer LastElem, T FirstBin, T LastBin, T BinWidth,
+                                  TIntVector* Histo, Integer& Underflow, Integer& Overflow, Integer& MaxCnt) const {
+  TIntArray counts;
+  if (!Histo || !Histogram(FirstElem, LastElem, FirstBin, LastBin, BinWidth, counts, Underflow, Overflow, MaxCnt)) {
+    return false;
+  }
+  Histo->SetNrOfElem(Length(counts));
+  const auto edit = Histo->Edit();
+  std::ranges::copy(std::span<const Integer>(counts).first(std::min(counts.size(), edit.cells().size())), edit.begin());
+  return true;
+}
+
+template <Cell T>
+Boolean BasicVector<T>::IsDichotomous(T& v1, T& v2) const {
+  v1 = v2 = T{0};
+  if (NrOfElem() < 2) return false;
+  v1 = v2 = FVec[0];
+  Boolean second = false;
+  for (const T x : Cells().subspan(1)) {
+    if (x == v1 || (second && x == v2)) continue;
+    if (second) return false;
+    v2 = x;
+    second = true;
+  }
+  return true;
+}
+
+template <Cell T>
+Double BasicVector<T>::PearsonCorrCoeff(const BasicVector* OtherVec) const {
+  if (!OtherVec || OtherVec->NrOfElem() != NrOfElem() || NrOfElem() < 2) return 0.0;
+  kernels::PairSums sums;
+  if constexpr (RealCell<T>) {
+    kernels::accumulate(sums, Cells(), OtherVec->Cells());
+  } else {
+    std::array<Double, 512> other;
+    for_doubles<T>(Cells(), [&](std::size_t first, std::span<const Double> x) {
+      std::ranges::copy(OtherVec->Cells().subspan(first, x.size()), other.begin());
+      kernels::accumulate(sums, x, std::span<const Double>(other.data(), x.size()));
+    });
+  }
+  const kernels::PairMoments m = kernels::pair_moments(sums);
+  if (m.sxx <= 0.0 || m.syy <= 0.0 || m.cxx == 0.0 || m.cyy == 0.0) return 0.0;
+  const Double product = std::abs(m.cxx * m.cyy);
+  // Of very large or small deviations only the product leaves the range of a double.
+  if (!std::isnormal(product)) return m.cxy / std::sqrt(std::abs(m.cxx)) / std::sqrt(std::abs(m.cyy));
+  return m.cxy / std::sqrt(product);
+}
+
+template <Cell T>
+T BasicVector<T>::Correlate(const BasicVector* OtherVec, Integer ElemShift) const {
+  if (!OtherVec) return T{0};
+  // Element i of this vector meets element i - shift of the other one.
+  const Int64 shift = RealCell<T> ? Int64{ElemShift} : -Int64{ElemShift};
+  const Int64 lo = std::max<Int64>(1, shift + 1), hi = std::min<Int64>(NrOfElem(), OtherVec->NrOfElem() + shift);
+  if (RealCell<T> ? hi <= lo : hi < lo) return T{0};
+  const auto overlap = static_cast<std::size_t>(hi - lo + 1);
+  const auto a = Cells().subspan(static_cast<std::size_t>(lo - 1), overlap);
+  const auto b = OtherVec->Cells().subspan(static_cast<std::size_t>(lo - shift - 1), overlap);
+  if constexpr (RealCell<T>) {
+    return kernels::dot_in_order(a, b);
+  } else {
+    return kernels::dot_wrapping(a, b);
+  }
+}
+
+template <Cell T>
+Double BasicVector<T>::EuclideanDistance(const BasicVector* OtherVec) const {
+  if (!OtherVec || OtherVec->NrOfElem() != NrOfElem()) {
+    zor::detail::Fail<EZORVectorError>("EuclideanDistance: dimensions of vectors do not match");
+  }
+  if constexpr (RealCell<T>) {
+    return std::sqrt(kernels::squared_distance_in_order(Cells(), OtherVec->Cells()));
+  } else {
+    Double sum = 0.0;
+    for (std::size_t i = 0; i < FVec.size(); ++i) {
+      const Double d = static_cast<Double>(FVec[i]) - static_cast<Double>(OtherVec->FVec[i]);
+      sum += d * d;
+    }
+    return std::sqrt(sum);
+  }
+}
+
+#define ZOR_INSTANCES(T)                                                                                           \
+  template T BasicVector<T>::Sum(Integer, Integer) const;                                                          \
+  template void BasicVector<T>::MeanVar(Integer, Integer, Double&, Double&) const;                                 \
+  template void BasicVector<T>::MinMax(Integer, Integer, T&, T&) const;                                            \
+  template void BasicVector<T>::MinMax(Integer, Integer, T&, T&, Integer&, Integer&) const;                        \
+  template T BasicVector<T>::Mode(Integer, Integer) const;                                                         \
+  template Boolean BasicVector<T>::Quartiles(Integer, Integer, Double&, Double&, Double&) const;                   \
+  template Double BasicVector<T>::Percentile(Double, Integer, Integer) const;                                      \
+  template Double BasicVector<T>::GeometricMean(Integer, Integer) const;                                           \
+  template Double BasicVector<T>::HarmonicMean(Integer, Integer) const;                                            \
+  template void BasicVector<T>::SkewKurtIntern(Integer, Integer, Double&, Double&, Integer&) const;                \
+  template void BasicVector<T>::SkewKurt(Integer, Integer, Double&, Double&) const;                                \
+  template void BasicVector<T>::SkewKurtSample(Integer, Integer, Double&, Double&) const;                          \
+  template Boolean BasicVector<T>::Histogram(Integer, Integer, T, T, T, TIntArray&, Integer&, Integer&, Integer&)  \
+      const;                                                                                                       \
+  template Boolean BasicVector<T>::Histogram(Integer, Integer, T, T, T, TIntVector*, Integer&, Integer&, Integer&) \
+      const;                                                                                                       \
+  template Boolean BasicVector<T>::IsDichotomous(T&, T&) const;                                                    \
+  template Double BasicVector<T>::PearsonCorrCoeff(const BasicVector*) const;                                      \
+  template T BasicVector<T>::Correlate(const BasicVector*, Integer) const;                                         \
+  template Double BasicVector<T>::EuclideanDistance(const BasicVector*) const;
+
+ZOR_INSTANCES(Double)
+ZOR_INSTANCES(Integer)
+
+}  // namespace ZOR_vector
