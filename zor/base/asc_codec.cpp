@@ -2,9 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <limits>
 #include <string>
+
+#include "zor/runtime/number_reader.h"
 
 namespace zor::detail {
 namespace {
@@ -20,17 +21,14 @@ std::string_view without_remark(std::string_view line) {
 }
 
 bool parse_count(std::string_view line, Integer& count) {
-  std::string_view digits = strip_blanks(without_remark(line));
-  if (digits.starts_with('+')) digits.remove_prefix(1);
-  if (digits.empty() || digits.front() == '-') return false;
-  Integer value = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-  if (error != std::errc{} || end != digits.data() + digits.size()) return false;
-  count = value;
+  const std::string_view digits = strip_blanks(without_remark(line));
+  const auto number = parse_integer(digits, 0, std::numeric_limits<Integer>::max());
+  if (!number || number.end != digits.size()) return false;
+  count = static_cast<Integer>(number.value);
   return true;
 }
 
-bool equal_ignoring_case(std::string_view word, std::string_view upper) {
+bool equals_upper(std::string_view word, std::string_view upper) {
   return std::equal(word.begin(), word.end(), upper.begin(), upper.end(),
                     [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 'a' + 'A' : a) == b; });
 }
@@ -45,8 +43,8 @@ bool parse_flags(std::string_view line, AscHeader& header) {
     rest.remove_prefix(first);
     const std::string_view word = rest.substr(0, rest.find_first_of(kBlanks));
     rest.remove_prefix(word.size());
-    const bool is_true = equal_ignoring_case(word, "TRUE");
-    if (n == flags.size() || (!is_true && !equal_ignoring_case(word, "FALSE"))) return false;
+    const bool is_true = equals_upper(word, "TRUE");
+    if (n == flags.size() || (!is_true && !equals_upper(word, "FALSE"))) return false;
     flags[n] = is_true;
   }
   if (n < 3) return false;

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <limits>
 
 #include "zor/base/reader_limits.h"
 #include "zor/base/stream_numbers.h"
+#include "zor/runtime/numbers.h"
 
 namespace zor::detail {
 namespace {
@@ -55,12 +55,6 @@ Int64 position_of(Int64 e, Int64 cell_bytes) {
   return kRecordBytes + std::clamp<Int64>(e, 0, most) * cell_bytes;
 }
 
-Integer to_stored(Double x) {
-  const double whole = std::nearbyint(x);
-  if (!(whole > -2147483648.0)) return whole <= -2147483648.0 ? std::numeric_limits<Integer>::min() : 0;
-  return whole >= 2147483647.0 ? std::numeric_limits<Integer>::max() : static_cast<Integer>(whole);
-}
-
 }  // namespace
 
 Int64 RecordHead::cells() const noexcept {
@@ -103,7 +97,7 @@ void RecordFileReader::read(std::span<Integer> cells) {
   while (!cells.empty()) {
     const auto part = std::span(block).first(std::min(cells.size(), block.size()));
     read_stored(part);
-    std::transform(part.begin(), part.end(), cells.begin(), to_stored);
+    std::transform(part.begin(), part.end(), cells.begin(), round_to_integer);
     cells = cells.subspan(part.size());
   }
 }

@@ -1,11 +1,13 @@
 #include "zor/runtime/text_file.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstring>
+#include <limits>
 #include <utility>
 
 #include "zor/runtime/exception.h"
+#include "zor/runtime/number_reader.h"
+#include "zor/runtime/number_writer.h"
 #include "zor/runtime/utf8.h"
 
 namespace zor::detail {
@@ -41,8 +43,16 @@ namespace ZOR_runtime {
 namespace {
 
 using zor::detail::is_blank_byte;
+using zor::detail::NumberStatus;
+using zor::detail::parse_integer;
+using zor::detail::parse_number;
 
 constexpr std::size_t kBuffer = std::size_t{1} << 16;
+// A number that is too small for a double is the 0 that it rounds to.
+bool is_value(NumberStatus status) noexcept {
+  return status == NumberStatus::kNumber || status == NumberStatus::kTooSmall;
+}
+
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
@@ -302,14 +312,19 @@ std::string_view TTextFile::read_word() {
 TString TTextFile::ReadWord() { return read_word(); }
 
 bool TTextFile::read_number(Double& x, std::string_view& word) {
+  skip_blanks();
+  // Converted where it stands if that finds a whole word, as it mostly does.
+  const std::string_view ahead(at_, static_cast<std::size_t>(end_ - at_));
+  const auto number = parse_number(ahead);
+  if (is_value(number.status) && number.end < ahead.size() && is_blank_byte(ahead[number.end])) {
+    at_ += number.end;
+    x = number.value;
+    return true;
+  }
   word = read_word();
-  std::string_view digits = word;
-  if (digits.starts_with('+')) digits.remove_prefix(1);
-  if (digits.empty() || digits.find_first_of("infaINFA") != digits.npos) return false;
-  Double value = 0.0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-  if (error != std::errc{} || end != digits.data() + digits.size()) return false;
-  x = value;
+  const auto whole = parse_number(word);
+  if (!is_value(whole.status) || whole.end != word.size()) return false;
+  x = whole.value;
   return true;
 }
 
@@ -319,12 +334,10 @@ Boolean TTextFile::ReadFloat(Double& x) {
 }
 
 Boolean TTextFile::ReadInteger(Integer& i) {
-  std::string_view word = read_word();
-  if (word.starts_with('+') && !word.starts_with("+-")) word.remove_prefix(1);
-  Integer value = 0;
-  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
-  if (error != std::errc{} || end != word.data() + word.size()) return false;
-  i = value;
+  const std::string_view word = read_word();
+  const auto number = parse_integer(word, std::numeric_limits<Integer>::min(), std::numeric_limits<Integer>::max());
+  if (!number || number.end != word.size()) return false;
+  i = static_cast<Integer>(number.value);
   return true;
 }
 
@@ -358,20 +371,11 @@ void TTextFile::Write(std::string_view utf8_text) {
 
 void TTextFile::Write(const TString& text) { Write(std::string_view(text.utf8())); }
 
-void TTextFile::WriteInteger(Int64 i) {
-  char* const to = room(20);
-  took(static_cast<std::size_t>(std::to_chars(to, to + 20, i).ptr - to));
-}
+void TTextFile::WriteInteger(Int64 i) { took(zor::detail::format_integer(room(zor::detail::kNumberBuffer), i)); }
 
 void TTextFile::WriteFloat(Double x, Integer w, Integer d) {
-  char* const to = room(2000);
-  const auto end =
-      std::to_chars(to, to + 2000, x, d < 0 ? std::chars_format::scientific : std::chars_format::fixed, d < 0 ? 17 : d);
-  const std::size_t n = static_cast<std::size_t>(end.ptr - to);
-  const std::size_t pad = zor::detail::to_size(w) > n ? zor::detail::to_size(w) - n : 0;
-  std::memmove(to + pad, to, n);
-  std::memset(to, ' ', pad);
-  took(n + pad);
+  char* const to = room(zor::detail::kNumberBuffer);
+  took(d < 0 ? zor::detail::format_scientific(to, x, w) : zor::detail::format_fixed(to, x, w, d));
 }
 
 }  // namespace ZOR_runtime

@@ -3,8 +3,7 @@
 #include <atomic>
 #include <exception>
 #include <functional>
-#include <mutex>
-#include <thread>
+#include <memory>
 
 #include "zor/runtime/object.h"
 #include "zor/runtime/types.h"
@@ -25,8 +24,8 @@ namespace ZOR_runtime {
 /// otherwise be gone while Execute still uses them.
 class ZOR_API TThread : public TObject {
  public:
-  TThread() = default;
-  explicit TThread(std::function<void(TThread&)> work) : work_(std::move(work)) {}
+  TThread();
+  explicit TThread(std::function<void(TThread&)> work);
   ~TThread() override;
 
   /// Runs Execute on a new thread; nothing after the first call, since a thread runs once. Raises EOutOfMemory if the
@@ -51,8 +50,10 @@ class ZOR_API TThread : public TObject {
   void EndThread() noexcept;
 
  private:
+  struct Handle;
+
   std::function<void(TThread&)> work_;
-  std::thread thread_;
+  std::unique_ptr<Handle> handle_;  // null unless started and not yet waited for
   std::atomic<bool> terminated_ = false, finished_ = false;
   std::exception_ptr failure_;
 };
@@ -60,14 +61,18 @@ class ZOR_API TThread : public TObject {
 /// Lock that lets one thread at a time pass; the same thread may enter again and leaves as often.
 class ZOR_API TCriticalSection : public TObject {
  public:
-  void Enter() { mutex_.lock(); }
-  void Leave() { mutex_.unlock(); }
+  TCriticalSection();
+  ~TCriticalSection() override;
+
+  void Enter();
+  void Leave();
   /// Enters if no other thread is inside; false otherwise.
-  Boolean TryEnter() { return mutex_.try_lock(); }
+  Boolean TryEnter();
   const char* ClassName() const noexcept override;
 
  private:
-  std::recursive_mutex mutex_;
+  struct Lock;
+  std::unique_ptr<Lock> lock_;
 };
 
 /// Enters a critical section, and leaves it at the end of the scope.
