@@ -12,6 +12,7 @@ namespace zor::detail {
 namespace {
 
 using ZOR_runtime::Byte;
+using ZOR_runtime::TFileStream;
 using ZOR_runtime::TMemoryStream;
 using ZOR_runtime::TStream;
 
@@ -64,7 +65,15 @@ Int64 RecordHead::cells() const noexcept {
 }
 
 RecordFileReader::RecordFileReader(const TString& FName)
-    : stream_(FName, ZOR_runtime::fmOpenRead), byte_size_(stream_.Size()) {
+    : name_(FName), file_(std::make_unique<TFileStream>(FName, ZOR_runtime::fmOpenRead)), stream_(*file_) {
+  start();
+}
+
+RecordFileReader::RecordFileReader(TStream& stream) : name_("(stream)"), stream_(stream) { start(); }
+
+void RecordFileReader::start() {
+  byte_size_ = stream_.Size();
+  stream_.SetPosition(0);
   if (has_head()) head_ = read_head(stream_);
   seek(0);
 }
@@ -77,7 +86,7 @@ void RecordFileReader::seek(Int64 e) { stream_.SetPosition(position_of(e, head_.
 
 template <class T>
 void RecordFileReader::read_stored(std::span<T> cells) {
-  if (read_numbers(stream_, cells) < cells.size()) fail_io("cannot read", stream_.FileName(), "unexpected end");
+  if (read_numbers(stream_, cells) < cells.size()) fail_io("cannot read", name_, "unexpected end");
 }
 
 void RecordFileReader::read(std::span<Double> cells) {

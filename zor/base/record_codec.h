@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstddef>
+#include <memory>
 #include <span>
 
 #include "zor/base/ZOR_zorbase.h"
@@ -48,6 +48,8 @@ struct RecordHead {
 class ZOR_API RecordFileReader {
  public:
   explicit RecordFileReader(const TString& FName);
+  /// Reads a stream, which must outlive the reader, from its beginning.
+  explicit RecordFileReader(ZOR_runtime::TStream& stream);
 
   /// False if the file is too short for a head; all fields are then 0.
   bool has_head() const noexcept { return byte_size_ >= kHeadBytes; }
@@ -66,10 +68,13 @@ class ZOR_API RecordFileReader {
   void read(std::span<Integer> cells);
 
  private:
+  void start();
   template <class T>
   void read_stored(std::span<T> cells);
 
-  ZOR_runtime::TFileStream stream_;
+  TString name_;
+  std::unique_ptr<ZOR_runtime::TFileStream> file_;
+  ZOR_runtime::TStream& stream_;
   Int64 byte_size_ = 0;
   RecordHead head_;
 };

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <limits>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -71,6 +72,8 @@ FileHandle::~FileHandle() {
 
 std::size_t FileHandle::read_at(std::int64_t position, void* to, std::size_t count) {
   std::size_t done = 0;
+  // The system refuses blocks that would end beyond the highest position; no file reaches so far.
+  if (position > std::numeric_limits<std::int64_t>::max() - static_cast<std::int64_t>(kLargestBlock)) return 0;
   while (done < count) {
     const std::size_t block = std::min(count - done, kLargestBlock);
     char* const at = static_cast<char*>(to) + done;

@@ -15,6 +15,9 @@ namespace ZOR_runtime {
 ///     names.SaveToFile("names.txt");
 class ZOR_API TStringList : public TPersistent {
  public:
+  using value_type = TString;
+  using const_iterator = std::vector<TString>::const_iterator;
+
   Integer Count() const noexcept { return zor::detail::to_integer(strings_.size()); }
   /// Text number i; "" outside.
   const TString& Strings(Integer i) const noexcept;
@@ -45,8 +48,8 @@ class ZOR_API TStringList : public TPersistent {
   void Assign(const TPersistent* Source) override;
   const char* ClassName() const noexcept override;
 
-  auto begin() const noexcept { return strings_.begin(); }
-  auto end() const noexcept { return strings_.end(); }
+  const_iterator begin() const noexcept { return strings_.begin(); }
+  const_iterator end() const noexcept { return strings_.end(); }
 
  private:
   bool contains(Integer i) const noexcept { return i >= 0 && zor::detail::to_size(i) < strings_.size(); }

@@ -2,8 +2,8 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <string_view>
-#include <vector>
 
 #include "zor/runtime/streams.h"
 #include "zor/runtime/tstring.h"
@@ -96,6 +96,7 @@ class ZOR_API TTextFile {
   void Write(const TString& text);
   /// UTF-8 text; the bytes are written as they are.
   void Write(std::string_view utf8_text);
+  void Write(const std::string& utf8_text) { Write(std::string_view(utf8_text)); }
   void Write(const char* utf8_text) { Write(std::string_view(utf8_text)); }
   /// The text, then the end of the line.
   template <class Text>
