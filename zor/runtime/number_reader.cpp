@@ -5,6 +5,8 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
+#include <cstring>
 
 #include "zor/runtime/pow10.h"
 
@@ -18,9 +20,36 @@ constexpr bool is_digit(Unit c) {
   return c >= '0' && c <= '9';
 }
 
+constexpr std::uint64_t kTens[] = {1, 10, 100, 1000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
+
+// How many of eight bytes are digits before the first that is none; the lowest byte is the first.
+constexpr int leading_digits(std::uint64_t eight) {
+  return std::countr_zero(((eight + 0x4646464646464646) | (eight - 0x3030303030303030)) & 0x8080808080808080) / 8;
+}
+
+// The number that the first `count` of eight digits make.
+constexpr std::uint64_t join_digits(std::uint64_t eight, int count) {
+  const int unused = 4 * (8 - count);
+  eight = (eight - 0x3030303030303030) << unused << unused;  // zeros come in front
+  eight = (eight * 10 + (eight >> 8)) & 0x00FF00FF00FF00FF;
+  eight = (eight * 100 + (eight >> 16)) & 0x0000FFFF0000FFFF;
+  return (eight * 10000 + (eight >> 32)) & 0x00000000FFFFFFFF;
+}
+
 // Appends the digits from p on to n (modulo 2^64) and gives the place behind them.
 template <class Unit>
 const Unit* take_digits(const Unit* p, const Unit* last, std::uint64_t& n) {
+  if constexpr (sizeof(Unit) == 1 && std::endian::native == std::endian::little) {
+    while (last - p >= 8) {
+      std::uint64_t eight;
+      std::memcpy(&eight, p, 8);
+      const int count = leading_digits(eight);
+      if (count == 0) return p;
+      n = n * kTens[count] + join_digits(eight, count);
+      p += count;
+      if (count < 8) return p;
+    }
+  }
   for (; p != last && is_digit(*p); ++p) n = n * 10 + static_cast<std::uint64_t>(*p - '0');
   return p;
 }
@@ -28,32 +57,49 @@ const Unit* take_digits(const Unit* p, const Unit* last, std::uint64_t& n) {
 // Exponents and counts beyond any double's are cut off here, far from overflow in 64 bits.
 constexpr std::int64_t kHugeExponent = std::int64_t{1} << 40;
 
-constexpr int kHighestFive = 27;  // 5^27 is the highest power of five below 2^63
+// 5^k shifted up to its highest bit, and floor((2^128 - 1) / it) - 2^64, for division by multiplication.
+struct Five {
+  std::uint64_t factor, inverse;
+  int shift;
+};
+constexpr int kHighestFive = 27;  // 5^27 is the highest power of five below 2^64
 constexpr auto kFives = [] {
-  std::array<std::uint64_t, kHighestFive + 1> fives{};
-  fives[0] = 1;
-  for (std::size_t i = 1; i < fives.size(); ++i) fives[i] = fives[i - 1] * 5;
+  std::array<Five, kHighestFive + 1> fives{};
+  std::uint64_t five = 1;
+  for (Five& f : fives) {
+    f.shift = std::countl_zero(five);
+    f.factor = five << f.shift;
+    f.inverse = static_cast<std::uint64_t>(~Wide{0} / f.factor);
+    five *= 5;
+  }
   return fives;
 }();
 
-// n * 2^binary for n > 0 with a normal result; the lowest bit of n stands for all that was cut off below it.
-double round_wide(Wide n, int binary) {
-  const auto high = static_cast<std::uint64_t>(n >> 64);
-  const int width = 128 - (high ? std::countl_zero(high) : 64 + std::countl_zero(static_cast<std::uint64_t>(n)));
-  const int excess = std::max(0, width - 63);
-  auto top = static_cast<std::int64_t>(n >> excess);
-  top |= (n & ((Wide{1} << excess) - 1)) != 0;
-  const double scale = std::bit_cast<double>(static_cast<std::uint64_t>(1023 + binary + excess) << 52);
-  return static_cast<double>(top) * scale;  // rounds once, in the conversion
+// (n + sticky) * 2^binary for n >= 2^56 and a normal result, rounded once; sticky is a fraction that was cut off.
+double round_scaled(std::uint64_t n, bool sticky, int binary) {
+  const auto top = static_cast<std::int64_t>(n >> 1 | (n & 1) | sticky);  // far more bits than a double has
+  return static_cast<double>(top) * std::bit_cast<double>(static_cast<std::uint64_t>(1023 + binary + 1) << 52);
 }
 
-// n * 10^exponent, for n > 0 and |exponent| <= 27, in exact integer arithmetic.
+// n * 10^exponent for n > 0 and |exponent| <= 27, from exact integers.
 double scale_exactly(std::uint64_t n, int exponent) {
-  if (exponent >= 0) return round_wide(Wide{n} * kFives[static_cast<std::size_t>(exponent)], exponent);
-  const int shift = std::countl_zero(n) + 64;
-  const Wide numerator = Wide{n} << shift, divisor = kFives[static_cast<std::size_t>(-exponent)];
-  const Wide quotient = numerator / divisor;  // at least 65 bits
-  return round_wide(quotient | (quotient * divisor != numerator), exponent - shift);
+  const Five& five = kFives[static_cast<std::size_t>(std::abs(exponent))];
+  const int shift = std::countl_zero(n);
+  n <<= shift;
+  if (exponent >= 0) {
+    const Wide product = Wide{n} * five.factor;  // from 2^126 on
+    return round_scaled(static_cast<std::uint64_t>(product >> 64), static_cast<std::uint64_t>(product) != 0,
+                        exponent + 64 - shift - five.shift);
+  }
+  // n * 2^63 / factor, from 2^62 on (Moeller, Granlund 2011: Improved division by invariant integers, algorithm 4).
+  const Wide numerator = Wide{n} << 63;
+  const auto high = static_cast<std::uint64_t>(numerator >> 64), low = static_cast<std::uint64_t>(numerator);
+  const Wide estimate = Wide{five.inverse} * high + numerator;
+  std::uint64_t quotient = static_cast<std::uint64_t>(estimate >> 64) + 1;
+  std::uint64_t rest = low - quotient * five.factor;
+  if (rest > static_cast<std::uint64_t>(estimate)) --quotient, rest += five.factor;
+  if (rest >= five.factor) ++quotient, rest -= five.factor;
+  return round_scaled(quotient, rest != 0, exponent - 63 - shift + five.shift);
 }
 
 // The digits of a number as they stand in the text, and the exponent of the last of them.
@@ -102,8 +148,9 @@ ParsedNumber read_long(Digits<Unit> digits) {
 template <class Unit>
 ParsedNumber read_number(const Unit* first, const Unit* last, NumberGrammar grammar) {
   const Unit* p = first;
-  const bool negative = p != last && *p == '-';
-  if (negative || (p != last && *p == '+')) ++p;
+  if (p == last) return {};
+  const bool negative = *p == '-';
+  p += negative | (*p == '+');  // no branch: signs come at random
   Digits<Unit> digits{p, p, 0};
   std::uint64_t n = 0;
   p = take_digits(p, last, n);
@@ -145,7 +192,7 @@ ParsedNumber read_number(const Unit* first, const Unit* last, NumberGrammar gram
     number = read_long(digits);
   }
   number.end = static_cast<std::size_t>(p - first);
-  if (negative) number.value = -number.value;
+  number.value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(number.value) | std::uint64_t{negative} << 63);
   return number;
 }
 

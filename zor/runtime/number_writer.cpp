@@ -21,29 +21,46 @@ constexpr auto kTens = [] {
   return tens;
 }();
 
-constexpr auto kPairs = [] {
-  std::array<char, 200> pairs{};
-  for (std::size_t i = 0; i < 100; ++i) {
-    pairs[2 * i] = static_cast<char>('0' + i / 10);
-    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-  }
-  return pairs;
-}();
-
-// Writes the last `count` digits of n, with leading zeros.
-void write_digits(char* out, std::uint64_t n, std::size_t count) {
-  while (count >= 2) {
-    count -= 2;
-    std::memcpy(out + count, &kPairs[2 * (n % 100)], 2);
-    n /= 100;
-  }
-  if (count) *out = static_cast<char>('0' + n % 10);
+// The eight decimal digits of n < 10^8 as bytes 0 to 9, the first digit in the lowest byte.
+std::uint64_t eight_digits(std::uint64_t n) {
+  std::uint64_t v = n / 10000 | (n % 10000) << 32;  // two groups of four digits
+  const std::uint64_t hundreds = (v * 10486 >> 20) & 0x0000007F0000007F;
+  v = hundreds | (v - 100 * hundreds) << 16;  // four pairs
+  const std::uint64_t tens = (v * 103 >> 10) & 0x000F000F000F000F;
+  return tens | (v - 10 * tens) << 8;
 }
 
-std::size_t count_digits(std::uint64_t n) {
-  // 1233 / 4096 is log10(2) from below, close enough for 64 bits: the guess is right or one too low.
-  const auto guess = static_cast<std::size_t>(std::bit_width(n | 1) * 1233) >> 12;
-  return guess + (n >= kTens[guess] || guess == 0);
+// Writes eight bytes, the lowest first, as digits.
+void put_eight(char* out, std::uint64_t digits) {
+  digits += 0x3030303030303030;
+  if constexpr (std::endian::native == std::endian::big) digits = __builtin_bswap64(digits);
+  std::memcpy(out, &digits, 8);
+}
+
+constexpr std::uint64_t kEight = 100'000'000;
+
+// Writes n < 10^count in `count` digits; up to seven characters behind them are overwritten.
+char* put_digits(char* out, std::uint64_t n, std::size_t count) {
+  while (count > 8) {
+    const std::size_t group = (count - 1) % 8 + 1;
+    const std::uint64_t unit = kTens[count - group];
+    out = put_digits(out, n / unit, group);
+    n %= unit;
+    count -= group;
+  }
+  put_eight(out, eight_digits(n * kTens[8 - count]));
+  return out + count;
+}
+
+// Writes n without leading zeros, in the same way.
+char* put_integer(char* out, std::uint64_t n) {
+  std::size_t rest = 0;  // digits behind the first group
+  while (n / kTens[rest] >= kEight) rest += 8;
+  const std::uint64_t digits = eight_digits(n / kTens[rest]);
+  const int zeros = std::countr_zero(digits | std::uint64_t{1} << 56) / 8;
+  put_eight(out, digits >> 8 * zeros);
+  out += 8 - zeros;
+  return rest ? put_digits(out, n % kTens[rest], rest) : out;
 }
 
 // The two sides of the decimal point: whole + fraction / 10^decimals.
@@ -104,15 +121,11 @@ std::size_t format_fixed(char* out, double x, int decimals) noexcept {
   const auto count = static_cast<std::size_t>(decimals);
   const Decimal text = exponent >= kBias ? Decimal{mantissa << (exponent - kBias), 0}
                                          : split(mantissa, kBias - exponent - (exponent == 0), count);
-  char* at = out;
-  if ((bits >> 63) != 0 && (text.whole | text.fraction) != 0) *at++ = '-';
-  const std::size_t whole = count_digits(text.whole);
-  write_digits(at, text.whole, whole);
-  at += whole;
+  *out = '-';
+  char* at = put_integer(out + ((bits >> 63) & ((text.whole | text.fraction) != 0)), text.whole);
   if (count) {
     *at++ = '.';
-    write_digits(at, text.fraction, count);
-    at += count;
+    at = put_digits(at, text.fraction, count);
   }
   return static_cast<std::size_t>(at - out);
 }
