@@ -1,37 +1,48 @@
 #include "zor/kernels/comb_sort.h"
 
+#include "zor/kernels/dispatch.h"
+#include "zor/kernels/levels/comb_sort.h"
+
 namespace zor::kernels {
+
+ZOR_KERNEL_TABLE(CombSortTable, comb_sort_table)
+
 namespace {
 
+constexpr std::size_t kMostGaps = 256;  // 2^64 shrinks to 1 in fewer
+
 template <class T>
-bool pass(std::span<T> x, std::size_t gap, bool ascending) {
-  const auto exchange = [x](std::size_t i, std::size_t j) { std::swap(x[i], x[j]); };
-  return ascending ? comb_pass_with(
-                         x.size(), gap, [x](std::size_t i, std::size_t j) { return x[i] > x[j]; }, exchange)
-                   : comb_pass_with(
-                         x.size(), gap, [x](std::size_t i, std::size_t j) { return x[i] < x[j]; }, exchange);
+std::size_t sort(const CombSortLoops<T>& loops, std::span<T> x, std::size_t gap, bool ascending) {
+  if (x.size() < 2 || gap < 1) return 0;
+  std::size_t gaps[kMostGaps];
+  std::size_t count = 0;
+  do {
+    gap = next_comb_gap(gap);
+    gaps[count++] = gap;
+  } while (gap > 1);
+  return loops.sort(x.data(), x.size(), gaps, count, ascending);
 }
 
 template <class T>
-std::size_t sort(std::span<T> x, std::size_t gap, bool ascending) {
-  if (x.size() < 2 || gap < 1) return 0;
-  std::size_t passes = 0;
-  for (bool exchanged = true; gap > 1 || exchanged; ++passes) {
-    gap = next_comb_gap(gap);
-    exchanged = pass(x, gap, ascending);
-  }
-  return passes;
+bool pass(const CombSortLoops<T>& loops, std::span<T> x, std::size_t gap, bool ascending) {
+  return gap < x.size() && loops.pass(x.data(), x.size(), gap, ascending);
 }
 
 }  // namespace
 
-std::size_t comb_sort(std::span<double> x, std::size_t gap, bool ascending) noexcept { return sort(x, gap, ascending); }
-std::size_t comb_sort(std::span<float> x, std::size_t gap, bool ascending) noexcept { return sort(x, gap, ascending); }
-std::size_t comb_sort(std::span<std::int32_t> x, std::size_t gap, bool ascending) noexcept {
-  return sort(x, gap, ascending);
+std::size_t comb_sort(std::span<double> x, std::size_t gap, bool up) noexcept {
+  return sort(table().of_double, x, gap, up);
 }
-bool comb_pass(std::span<double> x, std::size_t gap, bool ascending) noexcept { return pass(x, gap, ascending); }
-bool comb_pass(std::span<float> x, std::size_t gap, bool ascending) noexcept { return pass(x, gap, ascending); }
-bool comb_pass(std::span<std::int32_t> x, std::size_t gap, bool ascending) noexcept { return pass(x, gap, ascending); }
+std::size_t comb_sort(std::span<float> x, std::size_t gap, bool up) noexcept {
+  return sort(table().of_float, x, gap, up);
+}
+std::size_t comb_sort(std::span<std::int32_t> x, std::size_t gap, bool up) noexcept {
+  return sort(table().of_int32, x, gap, up);
+}
+bool comb_pass(std::span<double> x, std::size_t gap, bool up) noexcept { return pass(table().of_double, x, gap, up); }
+bool comb_pass(std::span<float> x, std::size_t gap, bool up) noexcept { return pass(table().of_float, x, gap, up); }
+bool comb_pass(std::span<std::int32_t> x, std::size_t gap, bool up) noexcept {
+  return pass(table().of_int32, x, gap, up);
+}
 
 }  // namespace zor::kernels
