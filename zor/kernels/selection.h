@@ -38,6 +38,10 @@ ZOR_API void select_many(std::span<double> cells, std::span<const std::size_t> r
 ZOR_API void select_many(std::span<std::int32_t> cells, std::span<const std::size_t> ranks,
                          std::span<std::int32_t> values) noexcept;
 
+/// Value at rank k; no cell moves and nothing is allocated. Bisects the bit patterns in up to 65 sweeps over the cells.
+ZOR_API double select_unmoved(std::span<const double> cells, std::size_t k) noexcept;
+ZOR_API std::int32_t select_unmoved(std::span<const std::int32_t> cells, std::size_t k) noexcept;
+
 /// Value at index k if the cells lo to hi were sorted ascending, by quickselect with the middle cell as pivot.
 /// The order in which the cells come back is that of the plain algorithm: nothing moves if all cells of the range are
 /// equal; otherwise lo to hi is partitioned about the cell at (lo + hi) div 2 by one upward scan, and the part that
