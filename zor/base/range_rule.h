@@ -9,7 +9,8 @@
 
 namespace zor::detail {
 
-/// (0, 0) becomes 1 to n; otherwise both bounds are moved into 1 to n, then exchanged if reversed. 0, or -1 if a bound was moved.
+/// (0, 0) becomes 1 to n; otherwise both bounds are moved into 1 to n, then exchanged if reversed. 0, or -1 if a bound
+/// was moved.
 constexpr std::int32_t make_valid_range(std::int32_t& lo, std::int32_t& hi, std::int32_t n) noexcept {
   if (lo == 0 && hi == 0) {
     lo = 1;
@@ -18,8 +19,8 @@ constexpr std::int32_t make_valid_range(std::int32_t& lo, std::int32_t& hi, std:
   }
   const std::int32_t low = std::clamp(lo, 1, n), high = std::clamp(hi, 1, n);
   const bool moved = low != lo || high != hi;
-  lo = std::min(low, high);
-  hi = std::max(low, high);
+  lo = (std::min)(low, high);
+  hi = (std::max)(low, high);
   return moved ? -1 : 0;
 }
 
