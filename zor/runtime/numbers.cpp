@@ -1,9 +1,33 @@
 #include "zor/runtime/numbers.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
+// Here and not in the header, since <cmath> would be a tenth of what every user of the library has to compile.
+
+namespace zor::detail {
+
+ZOR_runtime::Integer floor_to_integer(double x) noexcept { return saturate<ZOR_runtime::Integer>(std::floor(x)); }
+
+}  // namespace zor::detail
+
 namespace ZOR_runtime {
+
+Int64 Floor(Double x) noexcept { return zor::detail::saturate<Int64>(std::floor(x)); }
+Double Int(Double x) noexcept { return std::trunc(x); }
+Double Frac(Double x) noexcept { return std::copysign(std::isinf(x) ? 0.0 : x - std::trunc(x), x); }
+
+Double Sqrt(Double x) noexcept { return std::sqrt(x); }
+Double Exp(Double x) noexcept { return std::exp(x); }
+Double Ln(Double x) noexcept { return std::log(x); }
+Double Sin(Double x) noexcept { return std::sin(x); }
+Double Cos(Double x) noexcept { return std::cos(x); }
+Double Tan(Double x) noexcept { return std::tan(x); }
+Double ArcTan(Double x) noexcept { return std::atan(x); }
+Double ArcTan2(Double y, Double x) noexcept { return std::atan2(y, x); }
+Double ArcCos(Double x) noexcept { return std::acos(x); }
+Double Power(Double Base, Double Exponent) noexcept { return std::pow(Base, Exponent); }
 
 Double SimpleRoundTo(Double x, Integer Digit) noexcept {
   if (!std::isfinite(x) || Digit < -zor::detail::kMaxPow10) return x;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cmath>
 #include <concepts>
 #include <limits>
 #include <span>
@@ -34,9 +33,7 @@ constexpr I saturate(double x) noexcept {
 constexpr ZOR_runtime::Integer round_to_integer(double x) noexcept {
   return saturate<ZOR_runtime::Integer>(round_to_even(x));
 }
-inline ZOR_runtime::Integer floor_to_integer(double x) noexcept {
-  return saturate<ZOR_runtime::Integer>(std::floor(x));
-}
+ZOR_API ZOR_runtime::Integer floor_to_integer(double x) noexcept;
 constexpr ZOR_runtime::Integer trunc_to_integer(double x) noexcept { return saturate<ZOR_runtime::Integer>(x); }
 
 }  // namespace zor::detail
@@ -48,12 +45,12 @@ constexpr Int64 Round(Double x) noexcept { return zor::detail::saturate<Int64>(z
 /// x rounded toward zero.
 constexpr Int64 Trunc(Double x) noexcept { return zor::detail::saturate<Int64>(x); }
 /// The largest integer that is not above x.
-inline Int64 Floor(Double x) noexcept { return zor::detail::saturate<Int64>(std::floor(x)); }
+ZOR_API Int64 Floor(Double x) noexcept;
 
 /// The whole part of x, with its sign.
-inline Double Int(Double x) noexcept { return std::trunc(x); }
+ZOR_API Double Int(Double x) noexcept;
 /// What Int leaves, with the sign of x; zero for infinities.
-inline Double Frac(Double x) noexcept { return std::copysign(std::isinf(x) ? 0.0 : x - std::trunc(x), x); }
+ZOR_API Double Frac(Double x) noexcept;
 
 /// -1, 0 or 1; 0 for NaN.
 template <class T>
@@ -78,16 +75,16 @@ ZOR_API Double SimpleRoundTo(Double x, Integer Digit) noexcept;
 /// Two passes over the differences from the first number, so that a large common offset costs no digits.
 ZOR_API Double StdDev(std::span<const Double> x) noexcept;
 
-inline Double Sqrt(Double x) noexcept { return std::sqrt(x); }
-inline Double Exp(Double x) noexcept { return std::exp(x); }
-inline Double Ln(Double x) noexcept { return std::log(x); }
-inline Double Sin(Double x) noexcept { return std::sin(x); }
-inline Double Cos(Double x) noexcept { return std::cos(x); }
-inline Double Tan(Double x) noexcept { return std::tan(x); }
-inline Double ArcTan(Double x) noexcept { return std::atan(x); }
+ZOR_API Double Sqrt(Double x) noexcept;
+ZOR_API Double Exp(Double x) noexcept;
+ZOR_API Double Ln(Double x) noexcept;
+ZOR_API Double Sin(Double x) noexcept;
+ZOR_API Double Cos(Double x) noexcept;
+ZOR_API Double Tan(Double x) noexcept;
+ZOR_API Double ArcTan(Double x) noexcept;
 /// Angle of the point (x, y) to the x axis, from -pi to pi.
-inline Double ArcTan2(Double y, Double x) noexcept { return std::atan2(y, x); }
-inline Double ArcCos(Double x) noexcept { return std::acos(x); }
-inline Double Power(Double Base, Double Exponent) noexcept { return std::pow(Base, Exponent); }
+ZOR_API Double ArcTan2(Double y, Double x) noexcept;
+ZOR_API Double ArcCos(Double x) noexcept;
+ZOR_API Double Power(Double Base, Double Exponent) noexcept;
 
 }  // namespace ZOR_runtime
