@@ -1,9 +1,15 @@
 #include "zor/kernels/moments.h"
 
-#include <bit>
+#include <algorithm>
 #include <cmath>
 
+#include "zor/kernels/dispatch.h"
+#include "zor/kernels/levels/moments.h"
+
 namespace zor::kernels {
+
+ZOR_KERNEL_TABLE(MomentsTable, kMoments)
+
 namespace {
 
 /// Errors of products below this are dropped: there the error itself may not be a double.
@@ -49,6 +55,39 @@ void take(PartialSums& sums, std::size_t lane, double x, double error) {
   sums.lo[lane] += s.lo + error;
 }
 
+/// A block of partial sums' cells that a run fills in part only; a zero changes no sum.
+struct PartBlock {
+  alignas(64) double cells[kPartialSums] = {};
+  PartBlock(std::span<const double> x, std::size_t lane) { std::copy(x.begin(), x.end(), cells + lane); }
+};
+
+/// Cuts a run whose first cell goes to partial sum `lane` into whole blocks and the parts before and behind them:
+/// part(first cell, count, lane), whole(first cell, blocks).
+template <class Part, class Whole>
+void for_blocks(std::size_t n, std::size_t lane, Part part, Whole whole) {
+  std::size_t done = 0;
+  if (lane != 0) {
+    done = std::min(n, kPartialSums - lane);
+    part(0, done, lane);
+  }
+  if (const std::size_t blocks = (n - done) / kPartialSums; blocks != 0) {
+    whole(done, blocks);
+    done += blocks * kPartialSums;
+  }
+  if (done < n) part(done, n - done, std::size_t{0});
+}
+
+/// Adds the products of x and y, the first one to partial sum `lane`.
+void accumulate_products(PartialSums& sums, std::span<const double> x, std::span<const double> y, std::size_t lane) {
+  for_blocks(
+      x.size(), lane,
+      [&](std::size_t start, std::size_t n, std::size_t at) {
+        const PartBlock a(x.subspan(start, n), at), b(y.subspan(start, n), at);
+        table().dot(a.cells, b.cells, 1, sums);
+      },
+      [&](std::size_t start, std::size_t blocks) { table().dot(x.data() + start, y.data() + start, blocks, sums); });
+}
+
 /// Sum of the squared deviations, Q - S S / n.
 double deviations(const MomentSums& sums, DoubleDouble s, DoubleDouble q) {
   if (sums.all_equal && std::isfinite(sums.first)) return 0.0;
@@ -71,14 +110,18 @@ double centered(DoubleDouble a, DoubleDouble b, DoubleDouble c, std::size_t n) n
 }
 
 void accumulate(MomentSums& sums, std::span<const double> x) noexcept {
-  for (const double v : x) {
-    if (sums.n == 0) sums.first = v;
-    sums.all_equal = sums.all_equal && std::bit_cast<std::uint64_t>(v) == std::bit_cast<std::uint64_t>(sums.first);
-    const std::size_t lane = sums.n++ % kPartialSums;
-    const DoubleDouble p = two_product(v, v);
-    take(sums.sum, lane, v, 0.0);
-    take(sums.squares, lane, p.hi, p.lo);
-  }
+  if (x.empty()) return;
+  if (sums.n == 0) sums.first = x[0];
+  sums.all_equal = sums.all_equal && table().same_bits(x.data(), x.size(), sums.first);
+  for_blocks(
+      x.size(), sums.n % kPartialSums,
+      [&](std::size_t start, std::size_t n, std::size_t at) {
+        table().moments(PartBlock(x.subspan(start, n), at).cells, 1, sums.sum, sums.squares);
+      },
+      [&](std::size_t start, std::size_t blocks) {
+        table().moments(x.data() + start, blocks, sums.sum, sums.squares);
+      });
+  sums.n += x.size();
 }
 
 MeanVar mean_variance(const MomentSums& sums) noexcept {
@@ -98,35 +141,43 @@ MeanVar mean_variance(std::span<const double> x) noexcept {
 
 MeanVar mean_variance(std::span<const std::int32_t> x) noexcept {
   MomentSums sums;
-  for (const std::int32_t v : x) {
-    const double cell = v;
-    accumulate(sums, {&cell, 1});
+  double cells[16 * kPartialSums];
+  while (!x.empty()) {
+    const std::size_t n = std::min(x.size(), std::size(cells));
+    std::copy_n(x.begin(), n, cells);
+    accumulate(sums, {cells, n});
+    x = x.subspan(n);
   }
   return mean_variance(sums);
 }
 
 DoubleDouble sum_twofold(std::span<const double> x) noexcept {
   PartialSums sums;
-  for (std::size_t i = 0; i < x.size(); ++i) take(sums, i % kPartialSums, x[i], 0.0);
+  for_blocks(
+      x.size(), 0,
+      [&](std::size_t start, std::size_t n, std::size_t at) {
+        table().sum(PartBlock(x.subspan(start, n), at).cells, 1, sums);
+      },
+      [&](std::size_t start, std::size_t blocks) { table().sum(x.data() + start, blocks, sums); });
   return fold(sums);
 }
 
 DoubleDouble dot_twofold(std::span<const double> x, std::span<const double> y) noexcept {
   PartialSums sums;
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    const DoubleDouble p = two_product(x[i], y[i]);
-    take(sums, i % kPartialSums, p.hi, p.lo);
-  }
+  accumulate_products(sums, x, y, 0);
   return fold(sums);
 }
 
 void accumulate(PairSums& sums, std::span<const double> x, std::span<const double> y) noexcept {
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    const DoubleDouble p = two_product(x[i], y[i]);
-    take(sums.products, (sums.x.n + i) % kPartialSums, p.hi, p.lo);
+  // Three passes over cells that are still in the first cache.
+  constexpr std::size_t kCellsInCache = 1024;
+  for (std::size_t i = 0; i < x.size(); i += kCellsInCache) {
+    const std::size_t n = std::min(kCellsInCache, x.size() - i);
+    const auto a = x.subspan(i, n), b = y.subspan(i, n);
+    accumulate_products(sums.products, a, b, sums.x.n % kPartialSums);
+    accumulate(sums.x, a);
+    accumulate(sums.y, b);
   }
-  accumulate(sums.x, x);
-  accumulate(sums.y, y);
 }
 
 PairMoments pair_moments(const PairSums& sums) noexcept {

@@ -1,27 +1,14 @@
 #include "zor/kernels/levels/elementwise.h"
 
-#include "zor/kernels/levels/level.h"
+#include "zor/kernels/levels/cells.h"
 
 namespace zor::kernels::ZOR_LEVEL {
 namespace {
 
-typedef std::uint32_t VecU __attribute__((vector_size(ZOR_VECTOR_BYTES), aligned(4), may_alias));
-
-// What a place of a run is read and written as. Not a template parameter: that would lose the alignment of VecD.
-struct Register {};
-struct Cell {};
-
-inline VecD load(const double* x, Register) { return *reinterpret_cast<const VecD*>(x); }
-inline VecU load(const std::uint32_t* x, Register) { return *reinterpret_cast<const VecU*>(x); }
-inline double load(const double* x, Cell) { return *x; }
-inline std::uint32_t load(const std::uint32_t* x, Cell) { return *x; }
-inline void store(double* out, VecD v) { *reinterpret_cast<VecD*>(out) = v; }
-inline void store(std::uint32_t* out, VecU v) { *reinterpret_cast<VecU*>(out) = v; }
-
 /// out[i] = cell(i), four registers at a time.
 template <class T, class CellAt>
 inline void for_cells(T* out, std::size_t n, CellAt cell) {
-  constexpr std::size_t lanes = ZOR_VECTOR_BYTES / sizeof(T);
+  constexpr std::size_t lanes = kLanes<T>;
   constexpr Register wide;
   std::size_t i = 0;
   for (; i + 4 * lanes <= n; i += 4 * lanes) {
