@@ -28,7 +28,7 @@ template <class T, class Run, class InPlace, class Formula>
 void check(Run run, InPlace in_place, Formula formula) {
   on_every_level([&] {
     for (const std::size_t n : kLengths) {
-      for (const std::size_t start : {0, 1}) {
+      for (const std::size_t start : {0u, 1u}) {
         std::vector<T> x = cells<T>(n + 1, 3), y = cells<T>(n + 1, 4), expected(n), out(n + 2, T{77});
         for (std::size_t i = 0; i < n; ++i) expected[i] = formula(x[i + start], y[i + start]);
         const auto xs = std::span(x).subspan(start, n), ys = std::span(y).subspan(start, n);
