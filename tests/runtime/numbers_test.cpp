@@ -1,6 +1,7 @@
 #include "zor/runtime/numbers.h"
 
 #include <gtest/gtest.h>
+#include <cmath>
 
 #include <cstdlib>
 #include <string>
