@@ -22,6 +22,11 @@ double any_double(Bits& bits) {
   return std::isfinite(x) ? x : std::ldexp(x == x ? 1.0 : 1.5, static_cast<int>(bits() % 2000) - 1000);
 }
 
+// All bits of the mantissa at random, magnitudes from 1e-35 to 1e35.
+double full_double(Bits& bits) {
+  return std::ldexp(static_cast<double>(static_cast<std::int64_t>(bits())), static_cast<int>(bits() % 240) - 180);
+}
+
 // Numbers as they stand in data: a few digits, or whole quarters of the last decimal.
 double everyday_double(Bits& bits) {
   const auto n = static_cast<double>(static_cast<std::int64_t>(bits() % 2'000'001) - 1'000'000);
@@ -45,7 +50,7 @@ TEST(WriterOfNumbers, RoundsAsTheStandardLibraryDoes) {
   Bits bits(1);
   for (int i = 0; i < 200'000; ++i) {
     const auto decimals = static_cast<int>(bits() % 24);
-    for (const double x : {any_double(bits), everyday_double(bits)})
+    for (const double x : {any_double(bits), full_double(bits), everyday_double(bits)})
       ASSERT_EQ(ours_fixed(x, decimals), standard_fixed(x, decimals)) << std::hexfloat << x << ' ' << decimals;
   }
   for (const double x : {0.5, 1.5, 2.5, 0x1p-60, 0x1p62, 0x1p63, 0x1.fffffffffffffp62, 1e22, 0.999999999, 99999999.96})
@@ -58,8 +63,8 @@ TEST(WriterOfNumbers, RoundsAsTheStandardLibraryDoes) {
 TEST(WriterOfNumbers, ScientificHasTheDigitsOfTheStandardLibrary) {
   Bits bits(2);
   char text[kNumberBuffer], standard[64];
-  for (int i = 0; i < 100'000; ++i) {
-    const double x = i % 2 ? any_double(bits) : everyday_double(bits);
+  for (int i = 0; i < 300'000; ++i) {
+    const double x = i % 3 == 0 ? any_double(bits) : i % 3 == 1 ? full_double(bits) : everyday_double(bits);
     const auto decimals = static_cast<int>(bits() % 17) + 1;
     std::string expected(
         standard,

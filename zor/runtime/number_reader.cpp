@@ -22,32 +22,34 @@ constexpr bool is_digit(Unit c) {
 
 constexpr std::uint64_t kTens[] = {1, 10, 100, 1000, 10'000, 100'000, 1'000'000, 10'000'000, 100'000'000};
 
-// How many of eight bytes are digits before the first that is none; the lowest byte is the first.
-constexpr int leading_digits(std::uint64_t eight) {
-  return std::countr_zero(((eight + 0x4646464646464646) | (eight - 0x3030303030303030)) & 0x8080808080808080) / 8;
+// Of eight bytes, the lowest being the first: the high bit of the first byte that is no digit is set, none before it.
+constexpr std::uint64_t find_other(std::uint64_t eight) {
+  return ((eight + 0x4646464646464646) | (eight - 0x3030303030303030)) & 0x8080808080808080;
 }
 
-// The number that the first `count` of eight digits make.
-constexpr std::uint64_t join_digits(std::uint64_t eight, int count) {
-  const int unused = 4 * (8 - count);
-  eight = (eight - 0x3030303030303030) << unused << unused;  // zeros come in front
-  eight = (eight * 10 + (eight >> 8)) & 0x00FF00FF00FF00FF;
-  eight = (eight * 100 + (eight >> 16)) & 0x0000FFFF0000FFFF;
-  return (eight * 10000 + (eight >> 32)) & 0x00000000FFFFFFFF;
+// The number that eight digits, or zero bytes in front of them, make.
+constexpr std::uint64_t join_digits(std::uint64_t digits) {
+  digits = (digits * 10 + (digits >> 8)) & 0x00FF00FF00FF00FF;
+  digits = (digits * 100 + (digits >> 16)) & 0x0000FFFF0000FFFF;
+  return (digits * 10000 + (digits >> 32)) & 0x00000000FFFFFFFF;
 }
 
 // Appends the digits from p on to n (modulo 2^64) and gives the place behind them.
 template <class Unit>
 const Unit* take_digits(const Unit* p, const Unit* last, std::uint64_t& n) {
   if constexpr (sizeof(Unit) == 1 && std::endian::native == std::endian::little) {
-    while (last - p >= 8) {
+    for (; last - p >= 8; p += 8) {
       std::uint64_t eight;
       std::memcpy(&eight, p, 8);
-      const int count = leading_digits(eight);
-      if (count == 0) return p;
-      n = n * kTens[count] + join_digits(eight, count);
-      p += count;
-      if (count < 8) return p;
+      const std::uint64_t other = find_other(eight);
+      eight -= 0x3030303030303030;
+      if (other != 0) {
+        const int count = std::countr_zero(other) / 8;
+        if (count == 0) return p;
+        n = n * kTens[count] + join_digits(eight << (64 - 8 * count));
+        return p + count;
+      }
+      n = n * kTens[8] + join_digits(eight);
     }
   }
   for (; p != last && is_digit(*p); ++p) n = n * 10 + static_cast<std::uint64_t>(*p - '0');

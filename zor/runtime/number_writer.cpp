@@ -5,6 +5,7 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 
 namespace zor::detail {
@@ -84,6 +85,64 @@ Decimal split(std::uint64_t mantissa, unsigned shift, std::size_t decimals) {
   return result;
 }
 
+// A finite number without its sign: mantissa * 2^exponent.
+struct Binary {
+  std::uint64_t mantissa;
+  int exponent;
+};
+
+Binary take_apart(double x) {
+  const auto bits = std::bit_cast<std::uint64_t>(x);
+  const auto exponent = static_cast<int>((bits >> 52) & 0x7FF);
+  const std::uint64_t fraction = bits & ((std::uint64_t{1} << 52) - 1);
+  return exponent == 0 ? Binary{fraction, -1074} : Binary{fraction | std::uint64_t{1} << 52, exponent - 1075};
+}
+
+constexpr int kHighestFive = 27;  // 5^27 is the highest power of five below 2^63
+constexpr auto kFives = [] {
+  std::array<std::uint64_t, kHighestFive + 1> fives{};
+  fives[0] = 1;
+  for (std::size_t i = 1; i < fives.size(); ++i) fives[i] = fives[i - 1] * 5;
+  return fives;
+}();
+
+// x * 10^power for |power| <= 27 and a result from 1 to 2^64: the whole part, and whether the rounded number is one
+// more.
+struct Scaled {
+  std::uint64_t whole;
+  bool up;
+};
+
+Scaled scale(Binary x, int power) {
+  const int shift = x.exponent + power;  // 10^power = 5^power 2^power
+  Wide numerator = x.mantissa, divisor = 1;
+  (power < 0 ? divisor : numerator) *= kFives[static_cast<std::size_t>(std::abs(power))];
+  (shift < 0 ? divisor : numerator) <<= std::abs(shift);
+  const Wide whole = power < 0 ? numerator / divisor : numerator >> std::max(0, -shift);
+  const Wide twice = (numerator - whole * divisor) * 2;
+  return {static_cast<std::uint64_t>(whole), twice > divisor || (twice == divisor && (whole & 1) != 0)};
+}
+
+// The digits of a number, the first of them not zero, and the exponent of the first.
+struct Scientific {
+  std::uint64_t digits;
+  int exponent;
+};
+
+// `decimals` digits behind the first, rounded; no digits where that takes more than 128 bits.
+Scientific split_scientific(Binary x, int decimals) {
+  if (x.mantissa == 0) return {};
+  // log10 of the highest power of two in x: right for x or one too low
+  const std::int64_t log2 = x.exponent + 63 - std::countl_zero(x.mantissa);
+  int exponent = static_cast<int>((log2 * 1292913986) >> 32);
+  if (std::abs(decimals - exponent) >= kHighestFive) return {};
+  const std::uint64_t limit = kTens[static_cast<std::size_t>(decimals) + 1];
+  Scaled scaled = scale(x, decimals - exponent);
+  if (scaled.whole >= limit) scaled = scale(x, decimals - ++exponent);
+  const std::uint64_t digits = scaled.whole + scaled.up;
+  return digits == limit ? Scientific{limit / 10, exponent + 1} : Scientific{digits, exponent};
+}
+
 std::size_t write_non_finite(char* out, double x) {
   const char* text = std::isnan(x) ? "Nan" : x > 0.0 ? "+Inf" : "-Inf";
   const std::size_t size = std::strlen(text);
@@ -110,19 +169,16 @@ std::size_t format_fixed_slow(char* out, double x, int decimals) {
 }  // namespace
 
 std::size_t format_fixed(char* out, double x, int decimals) noexcept {
-  const auto bits = std::bit_cast<std::uint64_t>(x);
-  const unsigned exponent = (bits >> 52) & 0x7FF;
-  if (exponent == 0x7FF) return write_non_finite(out, x);
+  if (!std::isfinite(x)) return write_non_finite(out, x);
   decimals = std::clamp(decimals, 0, kMaxField);
-  constexpr unsigned kBias = 1075;  // x = mantissa * 2^(exponent - kBias)
-  if (decimals > kFastDecimals || exponent >= kBias + 11) return format_fixed_slow(out, x, decimals);
+  const auto [mantissa, exponent] = take_apart(x);
+  if (decimals > kFastDecimals || exponent > 10) return format_fixed_slow(out, x, decimals);  // from 2^63 on
 
-  const std::uint64_t mantissa = (bits & ((std::uint64_t{1} << 52) - 1)) | (std::uint64_t{exponent != 0} << 52);
   const auto count = static_cast<std::size_t>(decimals);
-  const Decimal text = exponent >= kBias ? Decimal{mantissa << (exponent - kBias), 0}
-                                         : split(mantissa, kBias - exponent - (exponent == 0), count);
+  const Decimal text =
+      exponent >= 0 ? Decimal{mantissa << exponent, 0} : split(mantissa, static_cast<unsigned>(-exponent), count);
   *out = '-';
-  char* at = put_integer(out + ((bits >> 63) & ((text.whole | text.fraction) != 0)), text.whole);
+  char* at = put_integer(out + (std::signbit(x) & ((text.whole | text.fraction) != 0)), text.whole);
   if (count) {
     *at++ = '.';
     at = put_digits(at, text.fraction, count);
@@ -137,17 +193,24 @@ std::size_t format_fixed(char* out, double x, int width, int decimals) noexcept 
 std::size_t format_scientific(char* out, double x, int width) noexcept {
   if (!std::isfinite(x)) return align_right(out, write_non_finite(out, x), width);
   const int decimals = std::clamp(std::clamp(width, 0, kMaxField) - 9, 1, 17);
-  if (x == 0.0) x = 0.0;  // no minus
-  *out = ' ';
-  char* const digits = out + (std::signbit(x) ? 0 : 1);
-  const char* const end = std::to_chars(digits, out + kNumberBuffer, x, std::chars_format::scientific, decimals).ptr;
-  // "e+05" becomes "E+0005"
-  char* const mark = out + decimals + 3;
-  const std::size_t given = static_cast<std::size_t>(end - mark) - 2;
-  std::memmove(mark + 6 - given, mark + 2, given);
-  std::memset(mark + 2, '0', 4 - given);
-  *mark = 'E';
-  return align_right(out, static_cast<std::size_t>(decimals) + 9, width);
+  *out = x < 0.0 ? '-' : ' ';
+  char* at = out + 1;
+  auto [digits, exponent] = split_scientific(take_apart(x), decimals);
+  if (digits != 0) {
+    const std::uint64_t unit = kTens[static_cast<std::size_t>(decimals)];
+    *at++ = static_cast<char>('0' + digits / unit);
+    *at++ = '.';
+    at = put_digits(at, digits % unit, static_cast<std::size_t>(decimals));
+  } else {
+    char* const end = std::to_chars(at, out + kNumberBuffer, std::fabs(x), std::chars_format::scientific, decimals).ptr;
+    at += decimals + 2;  // at the "e"
+    std::from_chars(at + 2, end, exponent);
+    if (at[1] == '-') exponent = -exponent;
+  }
+  *at++ = 'E';
+  *at++ = exponent < 0 ? '-' : '+';
+  at = put_digits(at, static_cast<std::uint64_t>(std::abs(exponent)), 4);
+  return align_right(out, static_cast<std::size_t>(at - out), width);
 }
 
 std::size_t format_shortest(char* out, double x) noexcept {
