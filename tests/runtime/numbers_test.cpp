@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <cmath>
 
+#include <cmath>
 #include <cstdlib>
 #include <string>
 #include <vector>

@@ -17,7 +17,7 @@ namespace zor::detail {
 
 /// Width and decimals are limited to this; a double has at most 1074 decimals.
 inline constexpr int kMaxField = 1100;
-/// Characters that a buffer for any of the format_... routines must have.
+/// Characters that a buffer must have, for short numbers too: some behind the number may be overwritten.
 inline constexpr std::size_t kNumberBuffer = 1440;
 
 /// x with `decimals` decimals (limited to 0 to kMaxField).
