@@ -24,6 +24,17 @@ struct Element {
   }
 };
 
+std::vector<Element> elements_by_reader(const std::string& text) {
+  std::vector<Element> elements;
+  TString attr, content;
+  zor::detail::TagReader reader(text, 1, kTags);
+  while (reader.place() <= static_cast<Int64>(text.size())) {
+    const Integer tag = reader.next(attr, content);
+    elements.push_back({tag, attr.utf8(), content.utf8(), reader.place() - 1});
+  }
+  return elements;
+}
+
 // All elements up to the end, by both forms of the reader, which must agree. The text must be plain ASCII.
 std::vector<Element> elements_of(const std::string& text) {
   std::vector<Element> in_string, in_file;
@@ -43,6 +54,7 @@ std::vector<Element> elements_of(const std::string& text) {
     in_file.push_back({tag, attr.utf8(), content.utf8(), file.Position()});
   }
   EXPECT_EQ(in_string, in_file) << text;
+  EXPECT_EQ(in_string, elements_by_reader(text)) << text;
   return in_string;
 }
 
@@ -154,6 +166,25 @@ TEST(ReadNextTagInTextFile, StopsInsideALineAndGoesBackInALargeFile) {
   EXPECT_EQ(file.Position(), 25);
   EXPECT_EQ(ZOR_streams::ReadNextTagInTextFile(file, kTags, attr, content), 0);
   EXPECT_EQ(content, "2");
+}
+
+TEST(TagReader, ReadsAHostileDocumentInLinearTime) {
+  // 100000 opening tags without an end before elements that have theirs: quadratic work would take minutes.
+  std::string text;
+  for (int i = 0; i < 100000; ++i) text += i % 2 ? "<x>" : "<z>";
+  for (int i = 0; i < 50000; ++i) text += "<y><x></x></y>";
+  const auto elements = elements_by_reader(text);
+  EXPECT_EQ(elements.size(), 150000u);
+  EXPECT_EQ(elements[99999], (Element{kOther, "", "", 300000}));
+  EXPECT_EQ(elements.back(), (Element{1, "", "<x></x>", 1000000}));
+
+  TTextFile file;
+  file.AssignText(text);
+  file.Reset();
+  zor::detail::TagReader reader(file, kTags);
+  TString attr, content;
+  for (int i = 0; i < 150000; ++i) reader.next(attr, content);
+  EXPECT_EQ(file.Position(), 1000000);
 }
 
 // Depth costs no stack and no time beyond the length: quadratic work on these would take minutes.

@@ -1,8 +1,12 @@
 #include "zor/base/tags.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 namespace zor::detail {
 namespace {
@@ -179,29 +183,62 @@ Integer index_of(const Text& name, std::span<const TString> tags) {
   return found == tags.end() ? -1 : static_cast<Integer>(found - tags.begin());
 }
 
+// Reads element after element out of one source.
 template <class Source>
-Integer read_next_tag(Source& source, std::span<const TString> tags, TString& attr, TString& content) {
-  attr.clear(), content.clear();
-  if (tags.empty()) return -1;
-  const Integer other = static_cast<Integer>(tags.size()) - 1;
-  TagScanner<Source> scanner(source);
-  Tag<typename Source::Unit> tag;
-  while (scanner.next(tag)) {
-    const Integer index = index_of(tag.name, tags);
-    const bool listed = index >= 0;
-    if (tag.is_end() && !listed) continue;
-    if (listed) attr = tag.attributes;
-    if (tag.alone || tag.is_end()) return listed ? index : other;
-    const auto name = std::move(tag.name);
-    const auto end_name = typename Source::Unit{'/'} + name;
-    if (listed && index_of(end_name, tags) >= 0) return index;
+class ElementReader {
+ public:
+  // With `further` calls to come, text without end tags is noted at the first one that is missing.
+  ElementReader(Source source, std::span<const TString> tags, bool further)
+      : source_(source), tags_(tags), further_(further) {}
 
-    const auto behind_opening = source.place();
-    scanner.keep(listed);
+  Integer next(TString& attr, TString& content) {
+    TString found_attr, found_content;  // attr and content may be the text that is read
+    const Integer result = find(found_attr, found_content);
+    attr = std::move(found_attr), content = std::move(found_content);
+    return result;
+  }
+  auto place() const { return source_.place(); }
+
+ private:
+  using Unit = typename Source::Unit;
+  using Text = std::basic_string<Unit>;
+  using Place = decltype(std::declval<const Source&>().place());
+
+  Integer find(TString& attr, TString& content) {
+    if (tags_.empty()) return -1;
+    const Integer other = static_cast<Integer>(tags_.size()) - 1;
+    TagScanner<Source> scanner(source_);
+    Tag<Unit> tag;
+    while (scanner.next(tag)) {
+      const Integer index = index_of(tag.name, tags_);
+      const bool listed = index >= 0;
+      if (tag.is_end() && !listed) continue;
+      if (listed) attr = tag.attributes;
+      if (tag.alone || tag.is_end()) return listed ? index : other;
+      const Text name = std::move(tag.name), end_name = Unit{'/'} + name;
+      if (listed && index_of(end_name, tags_) >= 0) return index;
+      if (!read_to_end(scanner, name, end_name, listed)) return other;
+      if (!listed) return other;
+      content = scanner.text_before_tag();
+      return index;
+    }
+    return other;
+  }
+
+  // Reads up to the end tag that belongs to the opening tag just read. Without one, goes back behind the opening tag.
+  bool read_to_end(TagScanner<Source>& scanner, const Text& name, const Text& end_name, bool keep) {
+    const Place behind_opening = source_.place();
+    if (std::binary_search(unclosed_.begin(), unclosed_.end(), behind_opening)) return false;
+    Tag<Unit> tag;
+    scanner.keep(keep);
     for (std::size_t depth = 1; depth > 0;) {
       if (!scanner.next(tag)) {
-        source.go_back(behind_opening);
-        return other;
+        source_.go_back(behind_opening);
+        if (further_) {
+          find_unclosed();
+          source_.go_back(behind_opening);
+        }
+        return false;
       }
       if (tag.name == end_name) {
         --depth;
@@ -209,24 +246,75 @@ Integer read_next_tag(Source& source, std::span<const TString> tags, TString& at
         ++depth;
       }
     }
-    if (!listed) return other;
-    content = scanner.text_before_tag();
-    return index;
+    return true;
   }
-  return other;
-}
+
+  // Notes the places behind all opening tags from here on that have no end tag. Without these a text of nothing but
+  // opening tags would be read to its end again for each of them.
+  void find_unclosed() {
+    std::unordered_map<Text, std::vector<Place>> open;
+    TagScanner<Source> scanner(source_);
+    Tag<Unit> tag;
+    unclosed_ = {source_.place()};
+    while (scanner.next(tag)) {
+      if (tag.is_end()) {
+        const auto found = open.find(tag.name.substr(1));
+        if (found != open.end() && !found->second.empty()) found->second.pop_back();
+      } else if (!tag.alone) {
+        open[tag.name].push_back(source_.place());
+      }
+    }
+    for (const auto& [name, places] : open) unclosed_.insert(unclosed_.end(), places.begin(), places.end());
+    std::sort(unclosed_.begin(), unclosed_.end());
+  }
+
+  Source source_;
+  std::span<const TString> tags_;
+  bool further_;
+  std::vector<Place> unclosed_;
+};
 
 }  // namespace
+
+struct TagReader::Reader {
+  std::vector<TString> tags;
+  TString text;
+  std::optional<ElementReader<StringSource>> in_string;
+  std::optional<ElementReader<FileSource>> in_file;
+};
+
+TagReader::TagReader(TTextFile& file, std::span<const TString> tags) : reader_(std::make_unique<Reader>()) {
+  reader_->tags.assign(tags.begin(), tags.end());
+  reader_->in_file.emplace(FileSource(file), reader_->tags, true);
+}
+
+TagReader::TagReader(const TString& text, Integer place, std::span<const TString> tags)
+    : reader_(std::make_unique<Reader>()) {
+  reader_->tags.assign(tags.begin(), tags.end());
+  reader_->text = text;
+  reader_->in_string.emplace(StringSource(reader_->text.units(), to_size(Int64{place} - 1)), reader_->tags, true);
+}
+
+TagReader::~TagReader() = default;
+
+Integer TagReader::next(TString& attr, TString& content) {
+  return reader_->in_file ? reader_->in_file->next(attr, content) : reader_->in_string->next(attr, content);
+}
+
+Int64 TagReader::place() const {
+  return reader_->in_file ? reader_->in_file->place() : static_cast<Int64>(reader_->in_string->place()) + 1;
+}
+
 }  // namespace zor::detail
 
 namespace ZOR_stringl {
 
 Integer ReadNextTagInString(const TString& S, Integer& Ix, std::span<const TString> Tags, TString& Attr,
                             TString& Content) {
-  const TString text = S;  // S may be Attr or Content
-  zor::detail::StringSource source(text.units(), zor::detail::to_size(Int64{Ix} - 1));
-  const Integer result = zor::detail::read_next_tag(source, Tags, Attr, Content);
-  if (result >= 0) Ix = zor::detail::to_integer(source.place() + 1);
+  using namespace zor::detail;
+  ElementReader reader(StringSource(S.units(), to_size(Int64{Ix} - 1)), Tags, false);
+  const Integer result = reader.next(Attr, Content);
+  if (result >= 0) Ix = to_integer(reader.place() + 1);
   return result;
 }
 
@@ -235,8 +323,8 @@ Integer ReadNextTagInString(const TString& S, Integer& Ix, std::span<const TStri
 namespace ZOR_streams {
 
 Integer ReadNextTagInTextFile(TTextFile& F, std::span<const TString> Tags, TString& Attr, TString& Content) {
-  zor::detail::FileSource source(F);
-  return zor::detail::read_next_tag(source, Tags, Attr, Content);
+  using namespace zor::detail;
+  return ElementReader(FileSource(F), Tags, false).next(Attr, Content);
 }
 
 }  // namespace ZOR_streams

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <span>
 
 #include "zor/base/ZOR_zorbase.h"
@@ -43,3 +44,26 @@ using namespace ZOR_zorbase;
 ZOR_API Integer ReadNextTagInTextFile(TTextFile& F, std::span<const TString> Tags, TString& Attr, TString& Content);
 
 }  // namespace ZOR_streams
+
+namespace zor::detail {
+
+/// Reads element after element, as the routines above do. Readers of whole documents take this: the time of all calls
+/// together is proportional to the text, also where end tags are missing.
+class ZOR_API TagReader {
+ public:
+  /// From the place of reading of a file, which nobody else moves meanwhile.
+  TagReader(ZOR_runtime::TTextFile& file, std::span<const ZOR_runtime::TString> tags);
+  /// From a place in a text, counted from 1.
+  TagReader(const ZOR_runtime::TString& text, ZOR_runtime::Integer place, std::span<const ZOR_runtime::TString> tags);
+  ~TagReader();
+
+  ZOR_runtime::Integer next(ZOR_runtime::TString& attr, ZOR_runtime::TString& content);
+  /// Position behind what was read: in the file from 0, in the text from 1.
+  ZOR_runtime::Int64 place() const;
+
+ private:
+  struct Reader;
+  std::unique_ptr<Reader> reader_;
+};
+
+}  // namespace zor::detail

@@ -38,8 +38,8 @@ class ZOR_API TTextFile {
   void Assign(const TString& FName);
   /// Takes text in memory instead of a file, for reading only. It is not copied and must outlive its use.
   void AssignText(std::string_view utf8_text);
-  /// Takes a stream instead of a file, from the position that it has at Reset or Rewrite. It must outlive its use.
-  /// Close leaves a stream that was read at the first byte that was not taken.
+  /// Takes a stream instead of a file, from the position that it has at Reset or Rewrite. It must live until
+  /// this file is closed. Close leaves a stream that was read at the first byte that was not taken.
   void AssignStream(TStream* Stream);
 
   /// Opens for reading, at the beginning; an open file starts again.

@@ -1,0 +1,96 @@
+// Writes the seeds of the fuzz targets with the writers of the library: make_seeds <folder fuzz/seeds>.
+#include <array>
+#include <filesystem>
+#include <iostream>
+#include <string>
+
+#include "zor/base/asc_codec.h"
+#include "zor/base/record_codec.h"
+
+namespace {
+
+using namespace ZOR_zorbase;
+using namespace std::literals;
+namespace detail = zor::detail;
+
+void write_asc(const std::string& name, detail::AscHeader header, Integer flags) {
+  TTextFile file(name);
+  file.Rewrite();
+  write_asc_header(file, header, flags);
+  if (header.ColNames) {
+    for (Integer col = 0; col < header.NrCols; ++col) {
+      if (col > 0) file.Write("\t");
+      detail::write_asc_name(file, "col " + ZOR_runtime::IntToStr(col + 1));
+    }
+    file.WriteLn();
+  }
+  for (Integer row = 0; row < header.NrRows; ++row) {
+    if (header.RowAttrib) file.WriteInteger(row), file.Write("\t");
+    if (header.RowNames) detail::write_asc_name(file, "Zeile \u00E4 \"1\""), file.Write("\t");
+    for (Integer col = 0; col < header.NrCols; ++col) {
+      if (col > 0) file.Write("\t");
+      if (row == 1 && col == 1) {
+        file.Write("NAN");
+      } else {
+        file.WriteFloat(row + 0.1 * col, 12, 3);
+      }
+    }
+    file.WriteLn();
+  }
+  file.Close();
+}
+
+void write_text(const std::string& name, std::string_view text) {
+  TTextFile file(name);
+  file.Rewrite();
+  file.Write(text);
+  file.Close();
+}
+
+void write_records(const std::string& name, const detail::RecordHead& head) {
+  detail::RecordFileWriter writer(name, head);
+  for (Int64 i = 0; i < head.cells(); ++i) {
+    const Double x = 0.5 * static_cast<Double>(i);
+    const Integer n = static_cast<Integer>(i);
+    if (head.Format == detail::kIntegerCells) {
+      writer.write(std::span<const Integer>(&n, 1));
+    } else {
+      writer.write(std::span<const Double>(&x, 1));
+    }
+  }
+  writer.finish();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::cerr << "make_seeds <folder>\n";
+    return 2;
+  }
+  const std::string root = std::string(argv[1]) + "/";
+  for (const char* target : {"asc", "tags", "record_file", "text_file"})
+    std::filesystem::create_directories(root + target);
+
+  write_asc(root + "asc/vector", {"one column", 1, 4, false, false, false, false}, 4);
+  write_asc(root + "asc/table", {"names and attributes", 3, 3, true, true, true, true}, 4);
+  write_asc(root + "asc/fit", {"three flags", 2, 2, false, false, false, false}, 3);
+  write_asc(root + "asc/empty", {"no rows", 2, 0, false, true, false, false}, 4);
+  write_text(root + "asc/bare_names", "c\n2\t;\n1\t;\nFALSE TRUE FALSE\nx   y\n1.5\t-2e3\n");
+  write_text(root + "asc/crlf_huge", "c\r\n1\r\n2147483647\r\nFALSE FALSE FALSE FALSE\r\n1\r\n###");
+
+  write_text(root + "tags/matrix",
+             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<matrix id=\"a\">\n<numcols>2</numcols>\n"
+             "<numrows>1</numrows>\n<cell ix=\"1\" iy=\"1\">1.5</cell>\n<cell ix=\"2\" iy=\"1\"/>\n</matrix>\n");
+  write_text(root + "tags/nested", "<x>a<x>b</x><!-- </x> --><![CDATA[</x>]]></x><other><x></x></other><x \"'>\" >");
+  write_text(root + "tags/open", "<x><other><x><matrix/ ><</x><x");
+  write_text(root + "tags/doctype", "<!DOCTYPE a [<!ENTITY b \"]>\">]><?p?><cell \u00E4='>'>\u20AC</cell>");
+
+  write_records(root + "record_file/matrix", {3, 2, 0, 0, "matrix", detail::kDoubleCells});
+  write_records(root + "record_file/integers", {5, 1, 0, 0, "", detail::kIntegerCells});
+  write_records(root + "record_file/time_slots", {8, 8, 3, 3, "four dimensions", detail::kDoubleCells});
+
+  write_text(root + "text_file/words", "\x03\x01\x02\x03 one 2.5 \u00A03\u00A0\r\n\u20AC\U0001F600 x\n\n-7 1e400 end");
+  write_text(root + "text_file/lines", "\x02\0\6\nfirst\r\nsecond\rx\n\xFF\xC3\0last"sv);
+  return 0;
+}
