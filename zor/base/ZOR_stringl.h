@@ -2,8 +2,9 @@
 
 #include "zor/base/quoted_name.h"
 #include "zor/base/stringl_text.h"
+#include "zor/base/tags.h"
 
-/// \file  Routines on text: numbers in fixed notation, look-up, trimming, splitting, quoted names.
+/// \file  Routines on text: numbers in fixed notation, look-up, trimming, splitting, quoted names, tags.
 /// Positions count from 1. Upper and lower case follow Unicode, never the locale.
 ///
 ///     using namespace ZOR_stringl;
