@@ -33,8 +33,7 @@ AscContents read_asc(ZOR_runtime::TTextFile& file, std::size_t size) {
   for (Integer row = 0; row < rows; ++row) {
     double x = 0.0;
     TString name;
-    if (asc.header.RowAttrib && read_asc_cell(file, x) == AscCell::kBad) return asc;
-    if (asc.header.RowNames) read_asc_name(file, name);
+    if (read_asc_row_head(file, asc.header, &x, &name) != 0) return asc;
     for (Integer col = 0; col < asc.header.NrCols; ++col) {
       if (read_asc_cell(file, x) == AscCell::kBad) return asc;
       asc.cells.push_back(x);

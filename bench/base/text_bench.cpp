@@ -167,4 +167,36 @@ ZOR_BENCH_PAIR(
     .goal(1.1)
     .sizes({1'000'000, 16'000'000});
 
+struct Save : Binary {
+  using Binary::Binary;
+  std::size_t bytes() const { return x.size() * sizeof(double); }
+};
+
+// Both return the number of bytes written.
+std::size_t save_stream(Save& save) {
+  TFileStream file(save.name, ZOR_runtime::fmOpenWrite);
+  zor::detail::write_numbers(file, std::span<const double>(save.x));
+  file.Close();
+  return save.bytes();
+}
+
+std::size_t save_by_write(Save& save) {
+  const int file = ::open(save.name.c_str(), O_WRONLY);
+  const auto* at = reinterpret_cast<const char*>(save.x.data());
+  std::size_t done = 0;
+  while (done < save.bytes()) {
+    const auto put = ::write(file, at + done, std::min<std::size_t>(save.bytes() - done, 1 << 20));
+    if (put <= 0) break;
+    done += static_cast<std::size_t>(put);
+  }
+  ::close(file);
+  return done;
+}
+
+ZOR_BENCH_PAIR(
+    SaveBinary, [](std::size_t n) { return Save(n); }, save_stream, save_by_write, zor::bench::equal)
+    .against("write(2) by 1 MiB")
+    .goal(1.1)
+    .sizes({1'000'000, 16'000'000});
+
 }  // namespace

@@ -97,6 +97,24 @@ TEST_F(AscReader, ColumnNamesMayBeQuotedOrBare) {
   skip_asc_column_names(file(""), 2147483647);
 }
 
+TEST_F(AscReader, RowsBeginWithWhatTheHeaderAnnounces) {
+  AscHeader header;
+  Double attribute = 0.0, cell = 0.0;
+  TString name;
+  file("7 \"a b\"\t1.5\n8 \"c\"2.5 NAN \"d\" 3");
+  EXPECT_EQ(read_asc_row_head(file_, header, &attribute, &name), 0);
+  EXPECT_EQ(file_.Position(), 0);
+  header.RowAttrib = header.RowNames = true;
+  EXPECT_EQ(read_asc_row_head(file_, header, &attribute, &name), 0);
+  EXPECT_EQ(attribute, 7.0);
+  EXPECT_EQ(name, "a b");
+  EXPECT_EQ(read_asc_cell(file_, cell), AscCell::kNumber);
+  EXPECT_EQ(read_asc_row_head(file_, header, nullptr, nullptr), 0);
+  EXPECT_EQ(read_asc_cell(file_, cell), AscCell::kNumber);
+  EXPECT_EQ(cell, 2.5);
+  EXPECT_EQ(read_asc_row_head(file_, header, &attribute, &name), kAscBadAttribute);
+}
+
 TEST_F(AscReader, CellsAreNumbersMissingOrBad) {
   file("1.5 NAN ### nan inf 1e400 abc");
   Double x = 9.0;

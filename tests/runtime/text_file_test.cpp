@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <clocale>
 #include <functional>
@@ -235,6 +236,24 @@ TEST(TTextFile, LeavesAStreamBehindWhatWasTaken) {
   EXPECT_EQ(file.ReadWord(), "one");
   file.Close();
   EXPECT_EQ(stream.Position(), 8);
+}
+
+TEST(TTextFile, ReadsAPipe) {
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  const std::string text = std::string(40000, 'x') + " 2.5\nlast";
+  ASSERT_EQ(::write(ends[1], text.data(), text.size()), static_cast<ssize_t>(text.size()));
+  ::close(ends[1]);
+  TTextFile file("/dev/fd/" + std::to_string(ends[0]));
+  file.Reset();
+  ::close(ends[0]);
+  EXPECT_EQ(file.ReadWord().Length(), 40000);
+  Double x = 0.0;
+  EXPECT_TRUE(file.ReadFloat(x));
+  EXPECT_EQ(x, 2.5);
+  EXPECT_EQ(file.ReadLn(), "");
+  EXPECT_EQ(file.ReadLn(), "last");
+  EXPECT_TRUE(file.Eof());
 }
 
 TEST(TTextFileErrors, NameFileAndReason) {

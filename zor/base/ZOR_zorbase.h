@@ -81,7 +81,18 @@ using ZOR_runtime::TStream;
 using ZOR_runtime::TStringList;
 using ZOR_runtime::TTextFile;
 
+using ZOR_runtime::fmAppend;
+using ZOR_runtime::fmCreate;
+using ZOR_runtime::fmOpenRead;
+using ZOR_runtime::fmOpenReadWrite;
+using ZOR_runtime::fmOpenWrite;
+using ZOR_runtime::soBeginning;
+using ZOR_runtime::soCurrent;
+using ZOR_runtime::soEnd;
+using ZOR_runtime::TSeekOrigin;
+
 using ZOR_runtime::CPUCount;
+using ZOR_runtime::TCriticalGuard;
 using ZOR_runtime::TCriticalSection;
 using ZOR_runtime::TThread;
 

@@ -146,6 +146,18 @@ void read_asc_column_names(TTextFile& file, Integer count, TString* names) {
   }
 }
 
+Integer read_asc_row_head(TTextFile& file, const AscHeader& header, Double* attribute, TString* name) {
+  if (header.RowAttrib) {
+    Double dropped = 0.0;
+    if (!file.ReadFloat(attribute ? *attribute : dropped)) return kAscBadAttribute;
+  }
+  if (header.RowNames) {
+    TString dropped;
+    read_asc_name(file, name ? *name : dropped);
+  }
+  return 0;
+}
+
 AscCell read_asc_cell(TTextFile& file, Double& value) {
   std::string_view word;
   if (file.read_number(value, word)) return AscCell::kNumber;

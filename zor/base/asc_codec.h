@@ -64,6 +64,11 @@ ZOR_API void read_asc_column_names(TTextFile& file, Integer count, TString* name
 /// Passes over the line of column names.
 inline void skip_asc_column_names(TTextFile& file, Integer count) { read_asc_column_names(file, count, nullptr); }
 
+/// Reads what stands before the cells of a row: the attribute and the name, if the header announces them; either
+/// pointer may be null. kAscBadAttribute if the attribute is no number, else 0; a name that the file ends in is what
+/// was read.
+ZOR_API Integer read_asc_row_head(TTextFile& file, const AscHeader& header, Double* attribute, TString* name);
+
 enum class AscCell { kNumber, kMissing, kBad };
 
 /// Reads the next cell. A missing one ("NAN", "###") is 0.0; a bad one, and the end of the file, leave value unchanged.
