@@ -212,6 +212,14 @@ TEST(TFileStream, ATargetWithoutRoomRaisesAtFlushCloseOrLargeBlock) {
   EXPECT_THROW(flushed.Flush(), EInOutError);
 }
 
+TEST(TFileStream, RefusesToWriteBeyondTheHighestPosition) {
+  TempFile file;
+  TFileStream stream(file.path(), fmCreate);
+  stream.SetPosition(std::numeric_limits<Int64>::max() - 1);
+  EXPECT_THAT(message_of([&] { stream.WriteBuffer("xy", 2); }), HasSubstr("beyond the highest position"));
+  EXPECT_EQ(stream.Size(), 0);
+}
+
 TEST(TFileStream, TakesPositionsBeyond32Bits) {
   TempFile file;
   TFileStream stream(file.path(), fmCreate);

@@ -56,9 +56,9 @@ void TRecordFile::Seek(Int64 Record) {
   open_stream().SetPosition(std::clamp<Int64>(Record, 0, most) * record_size_);
 }
 
-Int64 TRecordFile::FilePos() { return (open_stream().Position() + record_size_ - 1) / record_size_; }
+Int64 TRecordFile::FilePos() { return records(open_stream().Position()); }
 
-Int64 TRecordFile::FileSize() { return (ByteSize() + record_size_ - 1) / record_size_; }
+Int64 TRecordFile::FileSize() { return records(ByteSize()); }
 
 Int64 TRecordFile::ByteSize() { return open_stream().Size(); }
 

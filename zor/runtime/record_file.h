@@ -54,6 +54,8 @@ class ZOR_API TRecordFile {
 
  private:
   TFileStream& open_stream();
+  // Records that so many bytes make, a last one that is cut short included.
+  Int64 records(Int64 bytes) const noexcept { return bytes / record_size_ + (bytes % record_size_ != 0); }
 
   TString name_;
   Int64 record_size_;

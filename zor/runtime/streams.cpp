@@ -106,7 +106,9 @@ Int64 TMemoryStream::Seek(Int64 Offset, TSeekOrigin Origin) {
 }
 
 void TMemoryStream::SetSize(Int64 Size) {
+  constexpr Int64 kMost = Int64{1} << 47;  // no processor of today addresses more
   try {
+    if (Size > kMost) throw std::bad_alloc();
     bytes_.resize(to_size(Size));
   } catch (const std::exception&) {
     throw EOutOfMemory("not enough memory for a stream");
@@ -192,6 +194,8 @@ Int64 TFileStream::Write(const void* Buffer, Int64 Count) {
   const auto* from = static_cast<const std::byte*>(Buffer);
   const std::size_t n = to_size(Count);
   if (n == 0) return 0;
+  if (Count > std::numeric_limits<Int64>::max() - window_ - static_cast<Int64>(at_))
+    zor::detail::fail_io("cannot write", file_.name(), "beyond the highest position");
   if (at_ > used_ || n > kBuffer - at_) {
     store_changes();
     window_ += static_cast<Int64>(at_);
