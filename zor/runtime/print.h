@@ -55,7 +55,7 @@ std::ostream& operator<<(std::ostream& out, const TDynArray<T>& a) {
 template <zor::detail::Printable T>
 std::ostream& operator<<(std::ostream& out, const TDynArray<TDynArray<T>>& a) {
   std::size_t rows = 0;
-  for (const auto& column : a) rows = std::max(rows, column.size());
+  for (const auto& column : a) rows = (std::max)(rows, column.size());
   zor::detail::print_table(out, rows, a.size(), [&](std::size_t row, std::size_t column) {
     return row < a[column].size() ? zor::detail::cell_text(a[column][row]) : std::string();
   });

@@ -3,7 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
-/// \file  What levels/comb_sort.cpp offers at each level. `gaps` are all gaps of a sort, falling strictly, the last one 1.
+/// \file  What levels/comb_sort.cpp offers at each level.
+/// `gaps` are all gaps of a sort, falling strictly, the last one 1.
 
 namespace zor::kernels {
 
