@@ -1,0 +1,61 @@
+#include "zor/base/errors.h"
+
+#include <gtest/gtest.h>
+
+namespace ZOR_zorbase {
+namespace {
+
+using namespace ZOR_runtime;
+
+template <class Action>
+std::string message_of(Action action) {
+  try {
+    action();
+  } catch (const std::exception& e) {
+    return e.what();
+  }
+  return "";
+}
+
+TEST(Messages, OfAComponentCarryItsNameOfThatMoment) {
+  TComponent component;
+  const auto fail = [&] { zor::detail::Fail<EZORError>(component, "not enough memory"); };
+  EXPECT_EQ(message_of(fail), "Component \"\": not enough memory");
+  component.SetName("Vector1");
+  EXPECT_EQ(message_of(fail), "Component \"Vector1\": not enough memory");
+  component.SetName("a \"b\" ß");
+  EXPECT_EQ(message_of(fail), "Component \"a \"b\" ß\": not enough memory") << "quotes are not escaped";
+}
+
+TEST(Messages, OfARoutineAreOneText) {
+  EXPECT_EQ(message_of([] { zor::detail::Fail<EZORError>("Factorial: negative argument"); }),
+            "Factorial: negative argument");
+}
+
+TEST(Exceptions, AreCaughtByTheirBasesOnly) {
+  EXPECT_THROW(throw EZORError("x"), Exception);
+  EXPECT_THROW(throw EZORError("x"), std::exception);
+  const auto caught_as_library_error = [](auto error) {
+    try {
+      throw error;
+    } catch (const EZORError&) {
+      return true;
+    } catch (const Exception&) {
+      return false;
+    }
+  };
+  EXPECT_TRUE(caught_as_library_error(EZORError("x")));
+  EXPECT_FALSE(caught_as_library_error(EMathError("x")));
+  EXPECT_FALSE(caught_as_library_error(EOutOfMemory("x")));
+}
+
+TEST(Exceptions, KeepTheirMessageInBothForms) {
+  const EZORError error("Größe");
+  EXPECT_EQ(error.Message().Length(), 5);
+  EXPECT_STREQ(error.what(), "Größe");
+  const EZORError copy = error;
+  EXPECT_STREQ(copy.what(), "Größe");
+}
+
+}  // namespace
+}  // namespace ZOR_zorbase

@@ -1,0 +1,155 @@
+#include "zor/base/feedback.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "zor/base/feedback_scope.h"
+
+namespace ZOR_zorbase {
+namespace {
+
+using zor::detail::feedback_listens;
+using zor::detail::feedback_step;
+using zor::detail::feedback_step_aborts;
+
+std::vector<double> g_told;
+void write_down(double steps) { g_told.push_back(steps); }
+
+/// The hooks as they are at program start, and given back so.
+class Hooks : public ::testing::Test {
+ protected:
+  Hooks() { reset(); }
+  ~Hooks() override { reset(); }
+  static void reset() {
+    MathFeedBackProc = nullptr;
+    AbortMathProc = false;
+    ProcStat = 0.0;
+    g_told.clear();
+  }
+};
+using FeedbackStep = Hooks;
+using FeedbackScope = Hooks;
+
+TEST_F(FeedbackStep, CountsWithAndWithoutAProcedure) {
+  feedback_step();
+  EXPECT_FALSE(feedback_listens());
+  MathFeedBackProc = write_down;
+  EXPECT_TRUE(feedback_listens());
+  feedback_step();
+  feedback_step(2.5);
+  EXPECT_EQ(g_told, (std::vector<double>{2.0, 4.5}));
+  EXPECT_EQ(ProcStat, 4.5);
+}
+
+TEST_F(FeedbackStep, StopsInTheStepInWhichTheFlagIsSet) {
+  MathFeedBackProc = [](double steps) { AbortMathProc = steps >= 2.0; };
+  EXPECT_FALSE(feedback_step_aborts());
+  EXPECT_TRUE(feedback_step_aborts());
+  MathFeedBackProc = nullptr;
+  EXPECT_TRUE(feedback_step_aborts()) << "the flag stays until somebody clears it";
+}
+
+TEST_F(FeedbackStep, LosesNoStepOfSeveralThreads) {
+  {
+    std::vector<std::jthread> workers;
+    for (int i = 0; i < 4; ++i)
+      workers.emplace_back([] {
+        for (int k = 0; k < 5000; ++k) feedback_step();
+      });
+    for (int k = 0; k < 1000; ++k) MathFeedBackProc = k % 2 ? nullptr : static_cast<TMathFeedBackProc>([](double) {});
+  }
+  EXPECT_EQ(ProcStat, 20000.0);
+}
+
+TEST_F(FeedbackScope, InstallsAndRestoresTheHooks) {
+  MathFeedBackProc = write_down;
+  AbortMathProc = true;
+  std::vector<double> told;
+  {
+    const TFeedbackScope scope([&](double steps) { told.push_back(steps); });
+    EXPECT_FALSE(AbortMathProc);
+    EXPECT_FALSE(feedback_step_aborts());
+    AbortMathProc = true;
+    EXPECT_TRUE(feedback_step_aborts());
+  }
+  EXPECT_EQ(told, (std::vector<double>{1.0, 2.0}));
+  EXPECT_TRUE(g_told.empty());
+  EXPECT_TRUE(MathFeedBackProc == write_down);
+  EXPECT_TRUE(AbortMathProc);
+}
+
+TEST_F(FeedbackScope, RestoresWhenAnExceptionLeavesTheBlock) {
+  const auto run = [] {
+    const TFeedbackScope scope([](double) { throw std::runtime_error("enough"); });
+    AbortMathProc = true;
+    feedback_step();
+  };
+  EXPECT_THROW(run(), std::runtime_error);
+  EXPECT_FALSE(feedback_listens());
+  EXPECT_FALSE(AbortMathProc);
+}
+
+TEST_F(FeedbackScope, RequestToStopAbortsTheStepInWhichItIsMade) {
+  std::stop_source stop;
+  const TFeedbackScope scope(
+      [&](double steps) {
+        if (steps == 2.0) stop.request_stop();
+      },
+      stop.get_token());
+  EXPECT_FALSE(feedback_step_aborts());
+  EXPECT_TRUE(feedback_step_aborts());
+}
+
+TEST_F(FeedbackScope, TakesATokenAlone) {
+  std::stop_source stop;
+  {
+    const TFeedbackScope scope(stop.get_token());
+    EXPECT_FALSE(feedback_step_aborts());
+    std::jthread([&] { stop.request_stop(); }).join();
+    EXPECT_TRUE(feedback_step_aborts());
+  }
+  EXPECT_FALSE(feedback_step_aborts());
+}
+
+TEST_F(FeedbackScope, InnermostIsTold) {
+  std::string told;
+  const TFeedbackScope outer([&](double) { told += 'o'; });
+  feedback_step();
+  {
+    const TFeedbackScope inner([&](double) { told += 'i'; });
+    feedback_step();
+  }
+  feedback_step();
+  EXPECT_EQ(told, "oio");
+}
+
+TEST_F(FeedbackScope, MayBeOpenedInsideAFeedbackFunction) {
+  int inner_steps = 0;
+  const TFeedbackScope outer([&](double steps) {
+    if (steps > 1.0) return;
+    const TFeedbackScope inner([&](double) { ++inner_steps; });
+    feedback_step();
+  });
+  feedback_step();
+  feedback_step();
+  EXPECT_EQ(inner_steps, 1);
+}
+
+TEST_F(FeedbackScope, EndsSafelyWhileAnotherThreadSteps) {
+  std::jthread worker([](std::stop_token end) {
+    while (!end.stop_requested()) feedback_step();
+  });
+  for (int i = 0; i < 300; ++i) {
+    auto count = std::make_shared<std::atomic<int>>(0);
+    const TFeedbackScope scope([count](double) { ++*count; });
+  }
+}
+
+}  // namespace
+}  // namespace ZOR_zorbase
