@@ -3,6 +3,7 @@
 #include <array>
 #include <bit>
 #include <concepts>
+#include <utility>
 
 #include "zor/base/ZOR_zorbase.h"
 

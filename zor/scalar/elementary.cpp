@@ -1,5 +1,14 @@
 #include "zor/scalar/elementary.h"
 
+#include <cmath>
+
+namespace zor::detail {
+
+double hyperbolic_sine(double x) noexcept { return std::sinh(x); }
+double hyperbolic_cosine(double x) noexcept { return std::cosh(x); }
+
+}  // namespace zor::detail
+
 namespace ZOR_math1 {
 namespace {
 

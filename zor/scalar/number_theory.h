@@ -16,7 +16,7 @@ ZOR_API Integer GreatestCommonDivisor(const TIntArray& Numbers) noexcept;
 
 /// Greatest common divisor of the absolute values of real numbers, by Euclid's algorithm; a remainder below
 /// 10^-Decimals counts as 0. Decimals is limited to 0 to 12. The result carries the rounding of the remainders:
-/// for 0.3, 0.1 and 6 decimals it is 0.1 within an ulp or two. NaN if a number is not finite.
+/// for 0.3, 0.1 and 6 decimals it is 0.09999999999999998. NaN if a number is not finite.
 ZOR_API Double GreatestCommonDivisor(Double a, Double b, Integer Decimals) noexcept;
 /// The same of all cells; 0.0 for an empty array.
 ZOR_API Double GreatestCommonDivisor(const TDoubleArray& Numbers, Integer Decimals) noexcept;

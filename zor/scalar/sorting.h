@@ -6,7 +6,8 @@
 
 /// \file  The comb sort of the library.
 /// In place, not stable, without allocation. An exchange happens only where two cells stand strictly in the wrong
-/// order: equal cells stay, and a NaN never moves. A feedback step follows each pass; the sort cannot be aborted.
+/// order: equal cells stay, and a NaN never moves. A feedback step follows each pass, and the feedback
+/// procedure must leave the cells alone; the sort cannot be aborted.
 ///
 ///     TDoubleArray a = {3, 1, 2};
 ///     SortArray(a, true);          // 1, 2, 3
