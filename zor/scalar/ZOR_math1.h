@@ -30,8 +30,9 @@
 ///     using namespace ZOR_math1;
 ///     Double first, step;
 ///     Word minor;
-///     CalcScalePars(5, 2.5, 7.5, first, step, minor);                   // ticks at 3, 4, 5, ...; 5 minor intervals
+///     CalcScalePars(5, 2.5, 7.5, first, step, minor);
+///     std::cout << first << ' ' << step << ' ' << minor << '\n';        // 3 1 5: ticks at 3, 4, 5, ...
 ///     TDoubleArray heights = {1.71, 1.83, 1.66};
-///     SortArray(heights, true);                                         // 1.66, 1.71, 1.83
-///     std::cout << first << ' ' << step << ' ' << heights << '\n'       // 3 1 1.66 1.71 1.83
-///               << Round125(0.12) << ' ' << FindPrimeFactors(12) << '\n';   // 0.1 2 2 3
+///     SortArray(heights, true);
+///     std::cout << heights[0] << ' ' << Round125(heights[2]) << '\n';   // 1.66 2
+///     for (const Integer p : FindPrimeFactors(12)) std::cout << p << ' ';   // 2 2 3
