@@ -32,7 +32,7 @@ class Columns {
 };
 
 TEST(PrintedArray, IsOneLine) {
-  const Columns usual(nullptr);
+  const Columns usual("80");
   EXPECT_EQ(shown(TDynArray<double>{1.0, 2.5, -3.0}), "1  2.5  -3");
   EXPECT_EQ(shown(TDynArray<Integer>{1, -2}), "1  -2");
   EXPECT_EQ(shown(TDynArray<bool>{true, false}), "true  false");
@@ -58,11 +58,12 @@ TEST(PrintedArray, IsCutToTheWidthOfTheLineAndSaysSo) {
   EXPECT_NE(text.find("... "), std::string::npos);
   EXPECT_NE(text.find("1000"), std::string::npos);
   SetLength(a, 10);
-  EXPECT_EQ(shown(a), "0  0  0  0  0  0  0  0  0  0") << "fits to the character";
+  EXPECT_EQ(shown(a), "0  0  0  0  0  0  0  0  0  0") << "all of it fits";
+  EXPECT_EQ(shown(TDynArray<TString>{"1234567890123456789012345", "abc"}).size(), 30u) << "to the character";
 }
 
 TEST(PrintedTable, HasColumnsSideBySide) {
-  const Columns usual(nullptr);
+  const Columns usual("80");
   EXPECT_EQ(shown(TDynArray<TDynArray<double>>{{1.0, 20.0}, {-3.5, 4.0}}),
             " 1  -3.5\n"
             "20     4\n");
@@ -77,20 +78,26 @@ TEST(PrintedTable, IsCutToTwentyRowsAndTheLine) {
   TDynArray<TDynArray<Integer>> a;
   SetLength(a, 50, 30);
   std::istringstream lines(shown(a));
-  std::string line;
+  std::string line, last;
   int count = 0;
   while (std::getline(lines, line)) {
     EXPECT_LE(line.size(), 40u);
     ++count;
+    last = line;
   }
   EXPECT_EQ(count, 21);
-  EXPECT_EQ(line, "... 30 rows, 50 columns");
+  EXPECT_EQ(last, "... 30 rows, 50 columns");
 }
 
 TEST(LineWidth, TakesOnlySensibleValues) {
+  std::size_t usual = 0;
+  {
+    const Columns unset(nullptr);
+    usual = zor::detail::line_width();
+  }
   for (const char* bad : {"", "x", "120x", "-5", "0", "19", "99999999999999999999999"}) {
     const Columns columns(bad);
-    EXPECT_EQ(zor::detail::line_width(), 80u) << bad;
+    EXPECT_EQ(zor::detail::line_width(), usual) << bad;
   }
   const Columns wide("132");
   EXPECT_EQ(zor::detail::line_width(), 132u);

@@ -175,8 +175,10 @@ class TDynArray {
     for (std::size_t i = 0; i < count; ++i) {
       auto* run = new (memory + runs_at + i * sizeof(CellRun)) CellRun{1, block, length};
       T* cells = reinterpret_cast<T*>(memory + cells_at) + i * stride;
-      // Arrays and texts are value-constructed without throwing.
-      if constexpr (!is_plain_cell<T>) std::uninitialized_value_construct_n(cells, length);
+      if constexpr (!is_plain_cell<T>) {
+        static_assert(std::is_nothrow_default_constructible_v<T>, "a cell that throws would leave the block behind");
+        std::uninitialized_value_construct_n(cells, length);
+      }
       TDynArray made;
       made.data_ = cells, made.size_ = length, made.run_ = run;
       made.swap(handle_at(i));

@@ -26,10 +26,8 @@ class TEvent {
   template <class F>
   requires(!std::same_as<std::remove_cvref_t<F>, TEvent> && std::is_invocable_v<std::decay_t<F>&, Args...>)
       TEvent(F&& handler) {
-    if constexpr (requires { handler == nullptr; }) {
-      if (handler == nullptr) return;
-    }
-    handler_ = std::make_shared<const std::function<void(Args...)>>(std::forward<F>(handler));
+    std::function<void(Args...)> held(std::forward<F>(handler));  // empty if given a null pointer
+    if (held) handler_ = std::make_shared<const std::function<void(Args...)>>(std::move(held));
   }
 
   explicit operator bool() const noexcept { return handler_ != nullptr; }

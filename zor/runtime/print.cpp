@@ -1,5 +1,8 @@
 #include "zor/runtime/print.h"
 
+#include <sys/ioctl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -29,11 +32,14 @@ void write_aligned(std::ostream& out, const std::string& text, std::size_t width
 
 std::size_t line_width() {
   constexpr std::size_t kUsual = 80, kLeast = 20;
-  const char* columns = std::getenv("COLUMNS");
-  if (!columns) return kUsual;
-  std::size_t width = 0;
-  const auto [end, failure] = std::from_chars(columns, columns + std::strlen(columns), width);
-  return failure == std::errc{} && *end == '\0' && width >= kLeast ? width : kUsual;
+  if (const char* columns = std::getenv("COLUMNS")) {
+    std::size_t width = 0;
+    const auto [end, failure] = std::from_chars(columns, columns + std::strlen(columns), width);
+    if (failure == std::errc{} && *end == '\0' && width >= kLeast) return width;
+  }
+  winsize window{};
+  if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &window) == 0 && window.ws_col >= kLeast) return window.ws_col;
+  return kUsual;
 }
 
 std::string cell_text(double x) {
@@ -89,14 +95,15 @@ void print_line(std::ostream& out, std::size_t count, const std::function<std::s
   const std::size_t room = line_width();
   const std::string more = "  ... " + std::to_string(count) + " cells";
   std::string line = cell(0);
+  std::string cut = line;  // the longest beginning that leaves room for what is said about the rest
   for (std::size_t i = 1; i < count; ++i) {
-    const std::string next = std::string(kGap, ' ') + cell(i);
-    const bool last = i + 1 == count;
-    if (width_of(line) + width_of(next) + (last ? 0 : more.size()) > room) {
-      out << line << more;
+    line += std::string(kGap, ' ') + cell(i);
+    const std::size_t width = width_of(line);
+    if (width > room) {
+      out << cut << more;
       return;
     }
-    line += next;
+    if (width + more.size() <= room) cut = line;
   }
   out << line;
 }

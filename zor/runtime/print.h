@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <iosfwd>
 #include <string>
@@ -17,7 +18,8 @@ namespace zor::detail {
 /// Rows that are printed of anything.
 inline constexpr std::size_t kPrintedRows = 20;
 
-/// Characters of a line: the variable COLUMNS of the environment if it is a number from 20 on, else 80.
+/// Characters of a line: the variable COLUMNS of the environment if it is a number from 20 on, else the width of the
+/// terminal that shows the standard output, else 80.
 ZOR_API std::size_t line_width();
 
 /// A number in at most six significant digits.

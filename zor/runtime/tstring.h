@@ -21,10 +21,11 @@ namespace ZOR_runtime {
 class ZOR_API TString {
  public:
   TString() noexcept = default;
-  TString(const char* utf8_text) : TString(std::string_view(utf8_text)) {}
+  /// A null pointer is the empty text.
+  TString(const char* utf8_text) : TString(utf8_text ? std::string_view(utf8_text) : std::string_view()) {}
   TString(const std::string& utf8_text) : TString(std::string_view(utf8_text)) {}
   TString(std::string_view utf8_text);
-  TString(const Char* text) : TString(std::u16string_view(text)) {}
+  TString(const Char* text) : TString(text ? std::u16string_view(text) : std::u16string_view()) {}
   TString(const std::u16string& text) : TString(std::u16string_view(text)) {}
   TString(std::u16string_view text);
   explicit TString(Char unit) : TString(std::u16string_view(&unit, 1)) {}
