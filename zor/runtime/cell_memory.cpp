@@ -73,6 +73,15 @@ void* allocate_cells(std::size_t bytes, bool zeroed) {
       std::free(head_of(spare)->raw);
     }
   }
+#if !ZOR_KEEP_SPARE
+  // Without slack behind the cells, so that the sanitizer sees every access beyond them.
+  void* exact = nullptr;
+  if (::posix_memalign(&exact, kCellAlignment, checked_sum(bytes, kCellAlignment)) != 0) fail();
+  new (exact) Head{exact, bytes};
+  void* const own = static_cast<std::byte*>(exact) + kCellAlignment;
+  if (zeroed) std::memset(own, 0, bytes);
+  return own;
+#else
   const std::size_t total = checked_sum(bytes, 2 * kCellAlignment);
   // calloc knows which memory is fresh from the system and need not be cleared again.
   void* raw = zeroed ? std::calloc(total, 1) : std::malloc(total);
@@ -82,6 +91,7 @@ void* allocate_cells(std::size_t bytes, bool zeroed) {
   void* cells = static_cast<std::byte*>(raw) + kCellAlignment + shift;
   new (static_cast<std::byte*>(cells) - kCellAlignment) Head{raw, bytes};
   return cells;
+#endif
 }
 
 void free_cells(void* memory) noexcept {
