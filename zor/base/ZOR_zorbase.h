@@ -5,11 +5,14 @@
 #include "zor/base/errors.h"
 #include "zor/base/events.h"
 #include "zor/base/feedback.h"
+#include "zor/base/feedback_scope.h"
+#include "zor/imaging/clipboard.h"
 #include "zor/runtime/dyn_array.h"
 #include "zor/runtime/event.h"
 #include "zor/runtime/exception.h"
 #include "zor/runtime/number_text.h"
 #include "zor/runtime/object.h"
+#include "zor/runtime/print.h"
 #include "zor/runtime/random.h"
 #include "zor/runtime/record_file.h"
 #include "zor/runtime/streams.h"
@@ -90,6 +93,11 @@ using ZOR_runtime::soBeginning;
 using ZOR_runtime::soCurrent;
 using ZOR_runtime::soEnd;
 using ZOR_runtime::TSeekOrigin;
+
+using ZOR_imaging::Clipboard;
+using ZOR_imaging::TBitmap;
+using ZOR_imaging::TClipboard;
+using ZOR_imaging::TColor;
 
 using ZOR_runtime::CPUCount;
 using ZOR_runtime::TCriticalGuard;

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <concepts>
 #include <tuple>
+#include <type_traits>
+
+#include "zor/runtime/numbers.h"
 
 /// \file  The cell of a container on the left of an assignment.
 
@@ -9,6 +13,9 @@ namespace ZOR_zorbase {
 /// Stands for one cell of a container: reads through GetVal, writes through SetVal, so the rules for bad indices and
 /// the events hold. Assigning one such reference to another copies the value. `auto x = v.Elem(1)` keeps the reference,
 /// not the value; read with GetVal, or name the type.
+///
+/// A float cell assigned to an integer one is rounded, ties to even, and limited to the range, NaN giving 0. Sums,
+/// differences and products of integer cells wrap.
 template <class Container, class Value, class... Index>
 class TElemRef {
  public:
@@ -25,14 +32,21 @@ class TElemRef {
   TElemRef& operator=(const TElemRef& other) { return *this = static_cast<Value>(other); }
   template <class C, class V, class... I>
   TElemRef& operator=(const TElemRef<C, V, I...>& other) {
-    return *this = static_cast<Value>(static_cast<V>(other));
+    if constexpr (std::integral<Value> && std::floating_point<V>) {
+      return *this = zor::detail::saturate<Value>(zor::detail::round_to_even(static_cast<V>(other)));
+    } else {
+      return *this = static_cast<Value>(static_cast<V>(other));
+    }
   }
-  TElemRef& operator+=(Value value) { return *this = static_cast<Value>(static_cast<Value>(*this) + value); }
-  TElemRef& operator-=(Value value) { return *this = static_cast<Value>(static_cast<Value>(*this) - value); }
-  TElemRef& operator*=(Value value) { return *this = static_cast<Value>(static_cast<Value>(*this) * value); }
-  TElemRef& operator/=(Value value) { return *this = static_cast<Value>(static_cast<Value>(*this) / value); }
+  TElemRef& operator+=(Value value) { return *this = static_cast<Value>(wide() + value); }
+  TElemRef& operator-=(Value value) { return *this = static_cast<Value>(wide() - value); }
+  TElemRef& operator*=(Value value) { return *this = static_cast<Value>(wide() * value); }
+  TElemRef& operator/=(Value value) { return *this = static_cast<Value>(wide() / value); }
 
  private:
+  using Wide = std::conditional_t<std::integral<Value>, ZOR_runtime::Int64, Value>;
+  Wide wide() const { return static_cast<Value>(*this); }
+
   Container& container_;
   std::tuple<Index...> index_;
 };
