@@ -9,7 +9,7 @@ namespace plot {
 namespace {
 
 constexpr double kWidth = 560.0;
-constexpr double kLetter = 7.6;  // width of a letter, with room for the larger type of narrow screens
+constexpr double kLetter = 8.8;  // width of a letter, with room for the larger type of narrow screens
 
 double width_of(std::string_view text) {
   return kLetter * static_cast<double>(std::count_if(text.begin(), text.end(), [](char c) {
@@ -106,8 +106,8 @@ Frame Chart::layout(double top) const {
   Frame f{0.0, top, kWidth - 20.0, 0.0, drawable(x_), drawable(y_), down_, std::max(bars_, 1)};
   if (!x_rules_.empty()) f.top += 30.0;
   const double below = x_title_.empty() ? 28.0 : 50.0;
-  f.bottom = f.top + (lying_ ? 34.0 * static_cast<double>(y_names_.size()) * (bars_ > 1 ? 1.4 : 1.0)
-                             : std::max(60.0, height_ - f.top - below));
+  const double row = bars_ > 1 ? 16.0 * bars_ + 12.0 : 34.0;
+  f.bottom = f.top + (lying_ ? row * static_cast<double>(y_names_.size()) : std::max(60.0, height_ - f.top - below));
   if (lying_) {
     f.x = rounded(f.x, ticks_, marks_wanted(kWidth, 90.0));
   } else if (y_names_.empty() && round_y_) {
@@ -140,7 +140,7 @@ void Chart::draw_legend(double& top, std::string& out) const {
   top += 22.0;
   for (const Mark& mark : marks_) {
     if (mark.name.empty()) continue;
-    const double width = 34.0 + width_of(mark.name);
+    const double width = 40.0 + width_of(mark.name);
     if (x > 0.0 && x + width > kWidth) x = 0.0, top += 20.0;
     const std::string colour = " c" + std::to_string(mark.colour);
     switch (mark.key) {
@@ -252,7 +252,7 @@ std::string Chart::svg() const {
     top += 24.0;
     body += text("title", 0, top, title);
   }
-  const Frame f = layout(top + 14.0);
+  const Frame f = layout(top + 18.0);
   draw_y_axis(f, body);
   draw_x_axis(f, body);
   for (const Mark& mark : marks_) mark.draw(f, body);

@@ -40,10 +40,10 @@ nav li { margin: 0 0 .7em; }
 nav a { color: var(--muted); text-decoration: none; }
 nav a:hover, nav a:focus { color: var(--link); text-decoration: underline; }
 code, pre { font-family: ui-monospace, "SF Mono", "DejaVu Sans Mono", Menlo, Consolas, monospace; }
-code { font-size: .88em; background: var(--panel); border-radius: 4px; padding: .1em .3em; }
+code { font-size: .88em; background: var(--panel); border-radius: 4px; padding: .1em .3em; overflow-wrap: anywhere; }
 pre { margin: 0; padding: 16px 18px; overflow-x: auto; background: var(--panel); border: 1px solid var(--edge);
   border-radius: 8px; font-size: 12px; line-height: 1.6; }
-pre code { font-size: inherit; background: none; padding: 0; }
+pre code { font-size: inherit; background: none; padding: 0; overflow-wrap: normal; }
 .k-comment { color: var(--comment); } .k-text { color: var(--text); } .k-number { color: var(--number); }
 .k-keyword { color: var(--keyword); }
 .step { display: grid; grid-template-columns: minmax(0, 1fr) minmax(0, 1fr); gap: 28px; align-items: start;
