@@ -6,7 +6,7 @@ namespace zor::detail {
 
 struct FeedbackListener {
   std::function<void(double)> progress;
-  std::stop_token stop;
+  std::function<bool()> stop_requested;
 };
 
 namespace {
@@ -38,7 +38,7 @@ void tell_listener(double steps) {
   const ListenerHandle listener = slot().get();
   if (!listener) return;
   if (listener->progress) listener->progress(steps);
-  if (listener->stop.stop_requested()) ZOR_zorbase::AbortMathProc = true;
+  if (listener->stop_requested && listener->stop_requested()) ZOR_zorbase::AbortMathProc = true;
 }
 
 }  // namespace
@@ -48,9 +48,9 @@ namespace ZOR_zorbase {
 
 using zor::detail::slot;
 
-TFeedbackScope::TFeedbackScope(std::function<void(ZOR_runtime::Double)> progress, std::stop_token stop)
+TFeedbackScope::TFeedbackScope(std::function<void(ZOR_runtime::Double)> progress, std::function<bool()> stop_requested)
     : former_listener_(slot().exchange(std::make_shared<const zor::detail::FeedbackListener>(
-          zor::detail::FeedbackListener{std::move(progress), std::move(stop)}))),
+          zor::detail::FeedbackListener{std::move(progress), std::move(stop_requested)}))),
       former_proc_(MathFeedBackProc.load()),
       former_abort_(AbortMathProc.load()) {
   MathFeedBackProc = zor::detail::tell_listener;

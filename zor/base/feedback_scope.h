@@ -1,8 +1,8 @@
 #pragma once
 
+#include <concepts>
 #include <functional>
 #include <memory>
-#include <stop_token>
 #include <utility>
 
 #include "zor/base/feedback.h"
@@ -10,8 +10,16 @@
 /// \file  Progress and abort for one block of code.
 
 namespace zor::detail {
+
 struct FeedbackListener;
-}
+
+/// std::stop_token, or what else can be asked whether to stop.
+template <class T>
+concept StopToken = requires(const T& token) {
+  { token.stop_requested() } -> std::convertible_to<bool>;
+};
+
+}  // namespace zor::detail
 
 namespace ZOR_zorbase {
 
@@ -29,13 +37,22 @@ namespace ZOR_zorbase {
 class ZOR_API TFeedbackScope {
  public:
   /// The function takes ProcStat; an empty one is skipped. It runs on the thread of the computation's caller.
-  explicit TFeedbackScope(std::function<void(ZOR_runtime::Double)> progress, std::stop_token stop = {});
-  explicit TFeedbackScope(std::stop_token stop) : TFeedbackScope(nullptr, std::move(stop)) {}
+  explicit TFeedbackScope(std::function<void(ZOR_runtime::Double)> progress)
+      : TFeedbackScope(std::move(progress), std::function<bool()>()) {}
+  /// The same with a std::stop_token, or a token like it.
+  template <zor::detail::StopToken Token>
+  TFeedbackScope(std::function<void(ZOR_runtime::Double)> progress, Token stop)
+      : TFeedbackScope(std::move(progress),
+                       std::function<bool()>([stop = std::move(stop)] { return stop.stop_requested(); })) {}
+  template <zor::detail::StopToken Token>
+  explicit TFeedbackScope(Token stop) : TFeedbackScope(nullptr, std::move(stop)) {}
   ~TFeedbackScope();
   TFeedbackScope(const TFeedbackScope&) = delete;
   TFeedbackScope& operator=(const TFeedbackScope&) = delete;
 
  private:
+  TFeedbackScope(std::function<void(ZOR_runtime::Double)> progress, std::function<bool()> stop_requested);
+
   std::shared_ptr<const zor::detail::FeedbackListener> former_listener_;
   TMathFeedBackProc former_proc_;
   ZOR_runtime::Boolean former_abort_;

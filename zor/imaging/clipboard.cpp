@@ -1,6 +1,14 @@
 #include "zor/imaging/clipboard.h"
 
+#include <mutex>
+
 namespace ZOR_imaging {
+namespace {
+
+// One for all clipboards, of which a process rarely has a second.
+constinit std::mutex g_mutex;
+
+}  // namespace
 
 const char* TClipboard::ClassName() const noexcept { return "TClipboard"; }
 
@@ -19,7 +27,7 @@ void TClipboard::Assign(const TPersistent* Source) {
     return;
   }
   if (!ZOR_runtime::IsClass<TGraphic>(Source)) return TPersistent::Assign(Source);
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(g_mutex);
   bitmap_.Assign(Source);
   text_.clear();
   content_ = Content::kBitmap;
@@ -27,35 +35,35 @@ void TClipboard::Assign(const TPersistent* Source) {
 
 void TClipboard::AssignTo(TPersistent* Dest) const {
   auto* const graphic = dynamic_cast<TGraphic*>(Dest);
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(g_mutex);
   if (!graphic || content_ != Content::kBitmap) return TPersistent::AssignTo(Dest);
   graphic->Assign(&bitmap_);
 }
 
 TString TClipboard::AsText() const {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(g_mutex);
   return text_;
 }
 
 void TClipboard::SetAsText(const TString& Text) {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(g_mutex);
   text_ = Text;
   bitmap_.SetSize(0, 0);
   content_ = Content::kText;
 }
 
 bool TClipboard::HasText() const {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(g_mutex);
   return content_ == Content::kText;
 }
 
 bool TClipboard::HasBitmap() const {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(g_mutex);
   return content_ == Content::kBitmap;
 }
 
 void TClipboard::Clear() {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(g_mutex);
   text_.clear();
   bitmap_.SetSize(0, 0);
   content_ = Content::kNothing;

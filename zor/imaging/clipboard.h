@@ -1,7 +1,5 @@
 #pragma once
 
-#include <mutex>
-
 #include "zor/imaging/bitmap.h"
 
 /// \file  The clipboard: one place inside the process where a text or a picture can be left for somebody else. No
@@ -31,7 +29,6 @@ class ZOR_API TClipboard : public ZOR_runtime::TPersistent {
 
  private:
   enum class Content { kNothing, kText, kBitmap };
-  mutable std::mutex mutex_;
   Content content_ = Content::kNothing;
   TString text_;
   TBitmap bitmap_;
