@@ -72,7 +72,7 @@ TEST(TPngImage, HugeSizeInASmallFileIsRefusedBeforeAllocating) {
   png.Assign(&bitmap);
   auto file = png.Encode();
   // Width and height stand at bytes 16 to 23; the check sum of bytes 12 to 28 follows them.
-  for (const std::size_t at : {17, 18, 21, 22}) file[at] = std::byte{0x0F};
+  for (const unsigned at : {17u, 18u, 21u, 22u}) file[at] = std::byte{0x0F};
   std::uint32_t state = ~0u;
   for (std::size_t at = 12; at < 29; ++at) {
     state = zor::kernels::crc32_step(state, std::to_integer<std::uint8_t>(file[at]));

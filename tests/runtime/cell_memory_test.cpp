@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstdint>
 #include <cstring>
+#include <initializer_list>
 #include <thread>
 #include <vector>
 
@@ -24,7 +25,7 @@ bool all_zero(const void* memory, std::size_t bytes) {
 }
 
 TEST(CellMemory, IsAlignedAndZeroedForEverySize) {
-  for (const std::size_t bytes : {1, 63, 64, 65, 4096, 65535, 65536, 1 << 20}) {
+  for (const std::size_t bytes : std::initializer_list<std::size_t>{1, 63, 64, 65, 4096, 65535, 65536, 1 << 20}) {
     for (int again = 0; again < 3; ++again) {  // the later ones may get back what was written
       void* cells = allocate_cells(bytes, true);
       EXPECT_EQ(reinterpret_cast<std::uintptr_t>(cells) % kCellAlignment, 0u);

@@ -58,7 +58,7 @@ TEST(TDynArray, IsARangeAndASpan) {
   const std::span<double> cells = a;
   cells[0] = 0.0;
   EXPECT_EQ(*std::ranges::min_element(a), 0.0);
-  EXPECT_EQ(std::ranges::distance(a | std::views::filter([](double x) { return x > 0; })), 2);
+  EXPECT_EQ(std::ranges::count_if(a, [](double x) { return x > 0; }), 2);
 }
 
 TEST(TDynArray, NullHasLengthZeroAtEveryDepth) {
