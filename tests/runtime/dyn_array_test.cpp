@@ -82,7 +82,8 @@ TEST(TDynArray, CopiesShareTheirCells) {
   Array b = a;
   EXPECT_TRUE(a.SharesWith(b));
   EXPECT_FALSE(a.IsUnique());
-  a = a;
+  const Array& same = a;
+  a = same;
   b = std::move(a);
   EXPECT_TRUE(b.IsUnique());
   EXPECT_EQ(b[0], 7.0);
@@ -180,7 +181,7 @@ TEST(TDynArray, CellsOfOneShapeAreEquallySpacedAndAligned) {
     SetLength(a, 5, rows);
     const auto stride = a[1].data() - a[0].data();
     EXPECT_GE(stride, rows);
-    EXPECT_NE(stride * sizeof(double) % 4096, 0u) << "columns would compete for the same cache lines";
+    EXPECT_NE(stride % 512, 0) << "columns would compete for the same cache lines";
     for (std::size_t c = 0; c < 5; ++c) {
       EXPECT_EQ(a[c].data() - a[0].data(), static_cast<std::ptrdiff_t>(c) * stride);
       EXPECT_EQ(reinterpret_cast<std::uintptr_t>(a[c].data()) % 64, 0u);
@@ -233,6 +234,13 @@ TEST(TDynArrayWithoutMemory, ImpossibleSizesRaiseAndChangeNothing) {
   EXPECT_EQ(a, (Array2{{1, 2}}));
   EXPECT_EQ(one, (Array{1.0}));
   EXPECT_EQ(deep, nullptr);
+}
+
+TEST(TDynArrayWithoutMemory, ImpossibleSizesAreRefusedBeforeAnyAllocation) {
+  const zor::detail::AllocationLimitScope limit({.failing_call = 1});
+  Array2 a;
+  EXPECT_THROW(SetLength(a, 2147483647, 2147483647), EOutOfMemory);
+  EXPECT_THROW(zor::detail::allocate_cells(8, false), EOutOfMemory) << "the first request was made before";
 }
 
 TEST(TDynArrayWithoutMemory, EveryFailingAllocationLeavesTheArrayAlone) {

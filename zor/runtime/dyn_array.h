@@ -52,6 +52,12 @@ inline constexpr bool is_dyn_array = false;
 template <class T>
 inline constexpr bool is_dyn_array<ZOR_runtime::TDynArray<T>> = true;
 
+/// Bytes of a cell of the innermost dimension.
+template <class T>
+inline constexpr std::size_t innermost_size = sizeof(T);
+template <class T>
+inline constexpr std::size_t innermost_size<ZOR_runtime::TDynArray<T>> = innermost_size<T>;
+
 /// Cells for which all bits zero is the zero value and no destructor runs.
 template <class T>
 inline constexpr bool is_plain_cell = std::is_trivially_copyable_v<T>&& std::is_trivially_destructible_v<T>;
@@ -273,6 +279,10 @@ struct DynArrayAccess {
   template <class A, class... Inner>
   static void set_shape(A& a, Fresh fresh, std::size_t n, Inner... inner) {
     if (has_own(a, n, inner...)) return;
+    // The outer dimensions alone may fit where the whole does not: refuse before touching memory for them.
+    std::size_t cells = n;
+    ((cells = checked_bytes(cells, inner)), ...);
+    checked_bytes(cells, innermost_size<A>);
     A made;
     carve<typename A::value_type>(
         1, [&](std::size_t) -> A& { return made; }, fresh, n, inner...);
