@@ -6,6 +6,7 @@
 
 #include "zor/base/asc_codec.h"
 #include "zor/base/record_codec.h"
+#include "zor/vectors/ZOR_vector.h"
 
 namespace {
 
@@ -61,6 +62,36 @@ void write_records(const std::string& name, const detail::RecordHead& head) {
   writer.finish();
 }
 
+/// What a vector wrote, behind the byte that chooses its form.
+void write_form(const std::string& name, char form, TMemoryStream& written) {
+  TFileStream file(name, ZOR_runtime::fmCreate);
+  file.WriteBuffer(&form, 1);
+  file.CopyFrom(written, 0);
+}
+
+void write_vectors(const std::string& folder) {
+  ZOR_vector::TVector v;
+  ZOR_vector::TIntVector n;
+  v.Resize(4), n.Resize(4);
+  v.FillSerial(-1.5, 0.25), n.FillSerial(-2, 3);
+  const std::string scratch = folder + "scratch";
+  TMemoryStream written;
+  const auto keep = [&](const char* name, char form) {
+    written.LoadFromFile(scratch);
+    write_form(folder + name, form, written);
+  };
+  v.ExportAsASC(scratch, 3, "seed"), keep("asc", 0);
+  v.StoreOnFile(2, 4, -2, scratch), keep("plain", 1);
+  n.ExportAsASC(scratch, "seed"), keep("int_asc", 3);
+  n.StoreOnFile(2, 4, scratch), keep("int_plain", 5);
+  std::filesystem::remove(scratch);
+  TMemoryStream stream;
+  v.SaveToStream(static_cast<TStream&>(stream), 2, 4), write_form(folder + "stream", 7, stream);
+  stream.Clear();
+  n.SaveToStream(static_cast<TStream&>(stream), 2, 4), write_form(folder + "int_stream", 9, stream);
+  write_text(folder + "marked", "\x06head\n1.5 //dig\nx //dig\n2 //dig 9\n");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -69,7 +100,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::string root = std::string(argv[1]) + "/";
-  for (const char* target : {"asc", "tags", "record_file", "text_file"})
+  for (const char* target : {"asc", "tags", "record_file", "text_file", "vector"})
     std::filesystem::create_directories(root + target);
 
   write_asc(root + "asc/vector", {"one column", 1, 4, false, false, false, false}, 4);
@@ -92,5 +123,6 @@ int main(int argc, char** argv) {
 
   write_text(root + "text_file/words", "\x03\x01\x02\x03 one 2.5 \u00A03\u00A0\r\n\u20AC\U0001F600 x\n\n-7 1e400 end");
   write_text(root + "text_file/lines", "\x02\0\6\nfirst\r\nsecond\rx\n\xFF\xC3\0last"sv);
+  write_vectors(root + "vector/");
   return 0;
 }

@@ -1,0 +1,16 @@
+#pragma once
+
+/// \file  The whole library: the chief headers of all units. An application that uses one or two units compiles faster
+/// with theirs alone.
+
+#include "zor/base/ZOR_dstruct.h"
+#include "zor/base/ZOR_filesys.h"
+#include "zor/base/ZOR_streams.h"
+#include "zor/base/ZOR_stringl.h"
+#include "zor/base/ZOR_univconst.h"
+#include "zor/base/ZOR_zorbase.h"
+#include "zor/base/ZOR_zorcolors.h"
+#include "zor/imaging/ZOR_imaging.h"
+#include "zor/scalar/ZOR_math1.h"
+#include "zor/vectors/ZOR_vector.h"
+#include "zor/version.h"
