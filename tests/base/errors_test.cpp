@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/message_of.h"
+
 namespace ZOR_zorbase {
 namespace {
 
@@ -9,12 +11,7 @@ using namespace ZOR_runtime;
 
 template <class Action>
 std::string message_of(Action action) {
-  try {
-    action();
-  } catch (const std::exception& e) {
-    return e.what();
-  }
-  return "";
+  return zor::test::message_of<std::exception>(action);
 }
 
 TEST(Messages, OfAComponentCarryItsNameOfThatMoment) {

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/message_of.h"
 #include "tests/temp_file.h"
 #include "zor/runtime/exception.h"
 
@@ -19,13 +20,9 @@ using namespace ZOR_runtime;
 using ::testing::HasSubstr;
 using zor::test::TempFile;
 
-std::string message_of(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (const EInOutError& error) {
-    return error.what();
-  }
-  return "";
+template <class Action>
+std::string message_of(Action action) {
+  return zor::test::message_of<EInOutError>(action);
 }
 
 std::string all_of(TStream& stream) {

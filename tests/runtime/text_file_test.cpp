@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/message_of.h"
 #include "tests/temp_file.h"
 #include "zor/runtime/exception.h"
 
@@ -257,14 +258,7 @@ TEST(TTextFile, ReadsAPipe) {
 }
 
 TEST(TTextFileErrors, NameFileAndReason) {
-  const auto message_of = [](const std::function<void()>& call) -> std::string {
-    try {
-      call();
-    } catch (const EInOutError& error) {
-      return error.what();
-    }
-    return "";
-  };
+  const auto message_of = [](auto action) { return zor::test::message_of<EInOutError>(action); };
   TempFile temp;
   TTextFile file(temp.path());
   EXPECT_THAT(message_of([&] { file.Reset(); }), HasSubstr("cannot open \"" + temp.path() + "\": No such file"));

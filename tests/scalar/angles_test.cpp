@@ -8,11 +8,13 @@
 #include <numbers>
 #include <random>
 
-#include "math1_util.h"
+#include "tests/message_of.h"
 #include "zor/scalar/math1_errors.h"
 
 namespace ZOR_math1 {
 namespace {
+
+using zor::test::message_of;
 
 using std::numbers::pi;
 constexpr Double kInf = std::numeric_limits<Double>::infinity();

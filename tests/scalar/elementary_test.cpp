@@ -5,11 +5,13 @@
 #include <cmath>
 #include <limits>
 
-#include "math1_util.h"
+#include "tests/message_of.h"
 #include "zor/runtime/pow10.h"
 
 namespace ZOR_math1 {
 namespace {
+
+using zor::test::message_of;
 
 constexpr Double kInf = std::numeric_limits<Double>::infinity();
 constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();

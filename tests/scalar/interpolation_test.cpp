@@ -7,11 +7,13 @@
 #include <random>
 #include <utility>
 
-#include "math1_util.h"
+#include "tests/message_of.h"
 #include "zor/scalar/math1_errors.h"
 
 namespace ZOR_math1 {
 namespace {
+
+using zor::test::message_of;
 
 constexpr Double kInf = std::numeric_limits<Double>::infinity();
 constexpr Double kNaN = std::numeric_limits<Double>::quiet_NaN();

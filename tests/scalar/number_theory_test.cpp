@@ -10,11 +10,13 @@
 #include <utility>
 #include <vector>
 
-#include "math1_util.h"
+#include "tests/message_of.h"
 #include "zor/scalar/math1_errors.h"
 
 namespace ZOR_math1 {
 namespace {
+
+using zor::test::message_of;
 
 constexpr Integer kLowest = -2147483647 - 1, kHighest = 2147483647;
 

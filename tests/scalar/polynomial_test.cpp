@@ -6,11 +6,13 @@
 #include <limits>
 #include <vector>
 
-#include "math1_util.h"
+#include "tests/message_of.h"
 #include "zor/scalar/math1_errors.h"
 
 namespace ZOR_math1 {
 namespace {
+
+using zor::test::message_of;
 
 TEST(Polynomials, UseThePowersUpToTheOrder) {
   const TDoubleArray coef = {1.0, -2.0, 3.0, 4.0};

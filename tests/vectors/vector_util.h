@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/message_of.h"
 #include "zor/vectors/ZOR_vector.h"
 
 namespace ZOR_vector {
@@ -35,16 +36,7 @@ struct Listener {
   std::string told;
 };
 
-/// Message of the exception that an action throws; empty if none.
-template <class E, class Action>
-std::string message_of(Action action) {
-  try {
-    action();
-  } catch (const E& e) {
-    return e.what();
-  }
-  return "";
-}
+using zor::test::message_of;
 
 template <class V>
 class Twins : public ::testing::Test {};

@@ -33,7 +33,7 @@ namespace ZOR_zorbase {
 ///
 ///     std::stop_source stop;
 ///     TFeedbackScope scope([&](double steps) { if (steps > 1e6) stop.request_stop(); }, stop.get_token());
-///     matrix.Square(result, 2);
+///     SortArray(cells, true);
 class ZOR_API TFeedbackScope {
  public:
   /// The function takes ProcStat; an empty one is skipped. It runs on the thread of the computation's caller.

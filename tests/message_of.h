@@ -1,12 +1,10 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <string>
 
-namespace ZOR_math1 {
+namespace zor::test {
 
-/// Message of the exception of type E that an action throws; empty if none.
+/// Message of the exception of type E that an action throws; empty if it throws none.
 template <class E, class Action>
 std::string message_of(Action action) {
   try {
@@ -17,4 +15,4 @@ std::string message_of(Action action) {
   return {};
 }
 
-}  // namespace ZOR_math1
+}  // namespace zor::test
