@@ -11,6 +11,7 @@ template <class V>
 concept FillsFromFraction = requires(V& v) {
   v.Fill(2.7);
 };
+static_assert(FillsFromFraction<TVector> && !FillsFromFraction<TIntVector>, "no silent narrowing");
 
 TYPED_TEST_SUITE(Twins, TwinTypes);
 

@@ -113,7 +113,8 @@ class ZOR_API BasicVector : public TComponent {
   /// \name Filling: one OnChange, IsEmpty becomes false
   /// @{
   void Fill(T value);
-  void Fill(Double) requires(!RealCell<T>) = delete;
+  template <std::floating_point F>
+  requires(!RealCell<T>) void Fill(F) = delete;  // no silent narrowing
   /// Element 1 is Offset, each next one the one before plus Diff, by repeated addition (integers wrap).
   void FillSerial(T Offset, T Diff);
   /// All elements 0 and IsEmpty true.
@@ -176,7 +177,8 @@ class ZOR_API BasicVector : public TComponent {
   void Add(const BasicVector* OtherVec);
   void Subtract(const BasicVector* OtherVec);
   void SMult(T scalar);
-  void SMult(Double) requires(!RealCell<T>) = delete;
+  template <std::floating_point F>
+  requires(!RealCell<T>) void SMult(F) = delete;  // no silent narrowing
   /// The absolute values; the lowest Integer stays.
   void AbsVal();
   /// Sum of products in element order. 0 for a null operand.
