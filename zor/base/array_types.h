@@ -1,10 +1,11 @@
 #pragma once
 
+#include "zor/base/points.h"
 #include "zor/runtime/dyn_array.h"
 #include "zor/runtime/tstring.h"
 #include "zor/runtime/types.h"
 
-/// \file  The dynamic array types and the records of points and rectangles.
+/// \file  The dynamic array types.
 /// The outer index is the column, then row, layer, time slot: a[col][row][layer][slot]. Indices count from 0.
 
 namespace ZOR_zorbase {
@@ -30,24 +31,6 @@ using TSingleArray = TDynArray<Single>;
 using TStrArray = TDynArray<TString>;
 using TStr2DArray = TDynArray<TStrArray>;
 using TOpenStringArray = TDynArray<TString>;
-
-/// Point of the plane.
-struct TPointDouble {
-  Double x = 0.0, y = 0.0;
-  friend bool operator==(const TPointDouble&, const TPointDouble&) = default;
-};
-
-/// Rectangle with sides parallel to the axes. Routines that take one accept the corners in either order.
-struct TRectDouble {
-  Double left = 0.0, top = 0.0, right = 0.0, bottom = 0.0;
-  friend bool operator==(const TRectDouble&, const TRectDouble&) = default;
-};
-
-/// Point of a grid.
-struct TPoint {
-  Integer x = 0, y = 0;
-  friend bool operator==(const TPoint&, const TPoint&) = default;
-};
 
 using TPDblArray = TDynArray<TPointDouble>;  ///< A polygon.
 using TPIntArray = TDynArray<TPoint>;
