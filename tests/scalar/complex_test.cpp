@@ -62,9 +62,9 @@ TEST(Complex, DivisionRaisesForEveryFailureOfItsArithmetic) {
       {Cpx(1e300, 0), Cpx(1e-20, 0)}, {Cpx(kNaN, 0), COMPLEX_1}, {Cpx(0, kInf), COMPLEX_1},
       {COMPLEX_1, Cpx(1, kNaN)},
   };
-  for (const auto& [a, b] : bad) {
-    const auto divide = [&] { CpxDiv(a, b); };
-    EXPECT_EQ(ZOR_math1::message_of<EZORComplexError>(divide), "CpxDiv: division by zero") << a << " by " << b;
+  for (const auto& p : bad) {
+    const auto divide = [&] { CpxDiv(p.first, p.second); };
+    EXPECT_EQ(ZOR_math1::message_of<EZORComplexError>(divide), "CpxDiv: division by zero") << p.first << p.second;
   }
   EXPECT_THROW(CpxDiv(COMPLEX_1, COMPLEX_0), EZORError);
   EXPECT_EQ(CpxDiv(COMPLEX_0, COMPLEX_1), COMPLEX_0);
