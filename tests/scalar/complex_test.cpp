@@ -3,13 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <complex>
 #include <limits>
 #include <numbers>
 #include <random>
 #include <sstream>
 #include <type_traits>
 
-#include "math1_util.h"
+#include "tests/message_of.h"
 
 namespace ZOR_complex {
 namespace {
@@ -64,7 +65,7 @@ TEST(Complex, DivisionRaisesForEveryFailureOfItsArithmetic) {
   };
   for (const auto& p : bad) {
     const auto divide = [&] { CpxDiv(p.first, p.second); };
-    EXPECT_EQ(ZOR_math1::message_of<EZORComplexError>(divide), "CpxDiv: division by zero") << p.first << p.second;
+    EXPECT_EQ(zor::test::message_of<EZORComplexError>(divide), "CpxDiv: division by zero") << p.first << p.second;
   }
   EXPECT_THROW(CpxDiv(COMPLEX_1, COMPLEX_0), EZORError);
   EXPECT_EQ(CpxDiv(COMPLEX_0, COMPLEX_1), COMPLEX_0);

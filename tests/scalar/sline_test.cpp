@@ -10,7 +10,7 @@
 #include <sstream>
 #include <type_traits>
 
-#include "math1_util.h"
+#include "tests/message_of.h"
 
 namespace ZOR_sline {
 namespace {
@@ -23,7 +23,7 @@ std::array<Double, 3> parameters(const TSLine& line) { return {line.ParA(), line
 
 template <class Action>
 std::string message_of(Action action) {
-  return ZOR_math1::message_of<EZORSLineError>(action);
+  return zor::test::message_of<EZORSLineError>(action);
 }
 
 static_assert(std::is_base_of_v<Exception, EZORSLineError> && !std::is_base_of_v<EZORError, EZORSLineError>);

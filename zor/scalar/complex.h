@@ -1,6 +1,6 @@
 #pragma once
 
-#include <complex>
+#include <concepts>
 #include <iosfwd>
 
 #include "zor/base/ZOR_zorbase.h"
@@ -15,14 +15,27 @@ using namespace ZOR_zorbase;
 /// Failures of this unit.
 ZOR_DECLARE_EXCEPTION(EZORComplexError, EZORError);
 
-/// Complex number re + im i.
+/// std::complex<double>, or a type like it. Told by its members: the header <complex> would make every user's program
+/// compile longer.
+template <class Z>
+concept ComplexOfDouble = requires(const Z& z) {
+  { z.real() } -> std::same_as<Double>;
+  { z.imag() } -> std::same_as<Double>;
+  Z(Double{}, Double{});
+};
+
+/// Complex number re + im i. Converts from and to std::complex<double>.
 struct TComplex {
   Double re = 0.0, im = 0.0;
 
   constexpr TComplex() noexcept = default;
   constexpr TComplex(Double re_part, Double im_part) noexcept : re(re_part), im(im_part) {}
-  constexpr TComplex(const std::complex<Double>& z) noexcept : re(z.real()), im(z.imag()) {}
-  constexpr operator std::complex<Double>() const noexcept { return {re, im}; }
+  template <ComplexOfDouble Z>
+  constexpr TComplex(const Z& z) noexcept : re(z.real()), im(z.imag()) {}
+  template <ComplexOfDouble Z>
+  constexpr operator Z() const noexcept {
+    return Z(re, im);
+  }
   friend constexpr bool operator==(const TComplex&, const TComplex&) = default;
 };
 
