@@ -3,7 +3,10 @@
 #include "zor/arrays/array_concepts.h"
 #include "zor/arrays/boolean_arrays.h"
 #include "zor/arrays/elementwise.h"
+#include "zor/arrays/fill.h"
+#include "zor/arrays/random_fill.h"
 #include "zor/arrays/result_codes.h"
+#include "zor/arrays/shuffle.h"
 #include "zor/base/ZOR_zorbase.h"
 
 /// \file  Operations on dynamic arrays of one to four dimensions.

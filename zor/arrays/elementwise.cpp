@@ -1,5 +1,7 @@
 #include "zor/arrays/elementwise.h"
 
+#include <cstdint>
+
 #include "zor/arrays/walk_internal.h"
 #include "zor/kernels/elementwise.h"
 
