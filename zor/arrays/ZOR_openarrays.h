@@ -3,6 +3,7 @@
 #include "zor/arrays/array_concepts.h"
 #include "zor/arrays/boolean_arrays.h"
 #include "zor/arrays/elementwise.h"
+#include "zor/arrays/extremes.h"
 #include "zor/arrays/fill.h"
 #include "zor/arrays/random_fill.h"
 #include "zor/arrays/result_codes.h"

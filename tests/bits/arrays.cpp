@@ -1,0 +1,25 @@
+#include <algorithm>
+
+#include "bits.h"
+#include "zor/arrays/ZOR_openarrays.h"
+
+using namespace ZOR_openarrays;
+
+ZOR_BITS(arrays) {
+  const std::vector<double> x = bits::noise(10007, 5), y = bits::noise(10007, 6);
+  const TDoubleArray a(x.begin(), x.end()), b(y.begin(), y.end());
+  TDoubleArray res;
+  AddArrays(a, b, res);
+  bits::print("sum", res);
+  MultiplyArraysElemw(a, b, res);
+  bits::print("product", res);
+  AccumulateArray(res, a, 0.1);
+  ReciprocalArray(res, 0.0);
+  bits::print("accumulated reciprocal", res);
+  TDouble2DArray plane;
+  SetLength(plane, 37, 53);
+  FillArraySerial(plane, 0.3, 0.1);
+  bits::print("running series", plane[36]);
+  FillArraySerial(res, 0.3, 0.1);
+  bits::print("series", res);
+}
