@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <vector>
 
 #include "bits.h"
 #include "zor/arrays/ZOR_openarrays.h"
@@ -22,4 +22,11 @@ ZOR_BITS(arrays) {
   bits::print("running series", plane[36]);
   FillArraySerial(res, 0.3, 0.1);
   bits::print("series", res);
+  double mean = 0, variance = 0;
+  MeanVarArray(a, 1, 9999, mean, variance);
+  bits::print("mean and variance", std::vector{mean, variance});
+  MeanAbsDev(a, 0, mean);
+  bits::print("mean absolute deviation", mean);
+  MeanArray(plane, 3, 4, 30, 50, mean);
+  bits::print("mean of a range", mean);
 }

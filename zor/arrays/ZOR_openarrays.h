@@ -5,6 +5,7 @@
 #include "zor/arrays/elementwise.h"
 #include "zor/arrays/extremes.h"
 #include "zor/arrays/fill.h"
+#include "zor/arrays/means.h"
 #include "zor/arrays/random_fill.h"
 #include "zor/arrays/result_codes.h"
 #include "zor/arrays/shuffle.h"
