@@ -2,6 +2,7 @@
 
 #include "zor/arrays/array_concepts.h"
 #include "zor/arrays/boolean_arrays.h"
+#include "zor/arrays/compare.h"
 #include "zor/arrays/counting.h"
 #include "zor/arrays/elementwise.h"
 #include "zor/arrays/extremes.h"
@@ -9,6 +10,7 @@
 #include "zor/arrays/means.h"
 #include "zor/arrays/random_fill.h"
 #include "zor/arrays/result_codes.h"
+#include "zor/arrays/search.h"
 #include "zor/arrays/shuffle.h"
 #include "zor/arrays/sums.h"
 #include "zor/base/ZOR_zorbase.h"
