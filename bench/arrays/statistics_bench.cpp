@@ -48,7 +48,7 @@ ZOR_BENCH_PAIR(
     .against("Eigen")
     .goal(1.0)
     .sizes({1'000'000})
-    .remark("ours sums with twice the precision");
+    .remark("ours sums with twice the precision: six operations for each cell against one");
 
 ZOR_BENCH_PAIR(
     StdDevArray, line,
