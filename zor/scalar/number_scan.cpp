@@ -1,0 +1,154 @@
+#include "zor/scalar/number_scan.h"
+
+#include <cstdint>
+#include <limits>
+#include <string_view>
+
+#include "zor/runtime/number_reader.h"
+#include "zor/runtime/text.h"
+#include "zor/scalar/digits_internal.h"
+
+namespace ZOR_math1 {
+namespace {
+
+using zor::detail::NumberGrammar;
+using zor::detail::NumberStatus;
+
+constexpr Integer kLowest = std::numeric_limits<Integer>::min(), kHighest = std::numeric_limits<Integer>::max();
+
+std::size_t skip_blanks(std::u16string_view text) {
+  std::size_t i = 0;
+  while (i < text.size() && zor::detail::is_blank(text[i])) ++i;
+  return i;
+}
+
+// Runs scan on what stands behind the blanks from CurPos on, and moves CurPos by what it says to have read; by nothing,
+// not even blanks, if it says so with kStay.
+constexpr std::size_t kStay = static_cast<std::size_t>(-1);
+template <class Scan>
+auto scan_from(const TString& Instring, Integer& CurPos, Scan scan) {
+  std::u16string_view text = Instring.units();
+  const std::size_t start = CurPos < 1 ? 0 : static_cast<std::size_t>(CurPos) - 1;
+  std::size_t read = kStay;
+  if (start >= text.size()) return decltype(scan(text, read)){};
+  text.remove_prefix(start);
+  const std::size_t blanks = skip_blanks(text);
+  const auto value = scan(text.substr(blanks), read);
+  if (read != kStay) CurPos = zor::detail::to_integer(start + blanks + read + 1);
+  return value;
+}
+
+// The digits at the start of a text.
+struct Word {
+  std::uint64_t value = 0;  // low bits only if not `fits`
+  std::size_t end = 0;
+  bool fits = true;  // below 2^32
+};
+Word read_word(std::u16string_view text, int bits_per_digit) {
+  Word word;
+  for (; word.end < text.size(); ++word.end) {
+    const int digit = zor::detail::digit_value(text[word.end]);
+    if (digit >= 1 << bits_per_digit) break;
+    word.value = word.value << bits_per_digit | static_cast<std::uint64_t>(digit);
+    word.fits = word.fits && word.value >> 32 == 0;
+  }
+  return word;
+}
+
+Integer scan_word(const TString& Instring, Integer& CurPos, int bits_per_digit) {
+  return scan_from(Instring, CurPos, [=](std::u16string_view text, std::size_t& read) {
+    const Word word = read_word(text, bits_per_digit);
+    if (word.end != 0) read = word.end;
+    return static_cast<Integer>(static_cast<std::uint32_t>(word.value));
+  });
+}
+
+Boolean is_word(const TString& S, int bits_per_digit) {
+  const Word word = read_word(S.units(), bits_per_digit);
+  return word.fits && word.end != 0 && word.end == S.units().size();
+}
+
+bool is_separator(Char c, NumberGrammar grammar) {
+  return (c == u'.' && grammar.point) || (c == u',' && grammar.comma);
+}
+bool is_sign(Char c) { return c == u'+' || c == u'-'; }
+bool is_exponent_mark(Char c) { return c == u'E' || c == u'e'; }
+
+// Place behind an "E" without digits that stands at i.
+std::size_t pass_bare_exponent(std::u16string_view text, std::size_t i) {
+  ++i;
+  return i + (i < text.size() && is_sign(text[i]));
+}
+
+Double scan_number(std::u16string_view text, NumberGrammar grammar, std::size_t& end) {
+  const auto number = zor::detail::parse_number(text, grammar);
+  end = number.end;
+  if (number.status == NumberStatus::kNone) {
+    end = !text.empty() && is_sign(text[0]);
+    if (end < text.size() && is_separator(text[end], grammar)) {
+      ++end;
+      if (end < text.size() && is_exponent_mark(text[end]) && grammar.exponent) end = pass_bare_exponent(text, end);
+    }
+    return 0.0;
+  }
+  if (end < text.size()) {
+    const bool mark = is_exponent_mark(text[end]) && grammar.exponent;
+    if (mark || is_separator(text[end], grammar)) {
+      // Both end a number with an exponent and spoil one without.
+      const bool has_exponent = grammar.exponent && text.substr(0, end).find_first_of(u"eE") != text.npos;
+      if (!has_exponent) {
+        if (mark) end = pass_bare_exponent(text, end);
+        return 0.0;
+      }
+    }
+  }
+  if (number.status == NumberStatus::kTooLarge)
+    return text[0] == u'-' ? std::numeric_limits<Double>::lowest() : std::numeric_limits<Double>::max();
+  return number.value;
+}
+
+}  // namespace
+
+Integer ScanHex(const TString& Instring, Integer& CurPos) { return scan_word(Instring, CurPos, 4); }
+Integer ScanOctal(const TString& Instring, Integer& CurPos) { return scan_word(Instring, CurPos, 3); }
+Integer ScanBin(const TString& Instring, Integer& CurPos) { return scan_word(Instring, CurPos, 1); }
+
+Integer ScanDecimal(const TString& Instring, Integer& CurPos) {
+  return scan_from(Instring, CurPos, [](std::u16string_view text, std::size_t& read) {
+    const auto number = zor::detail::parse_integer(text, kLowest, kHighest);
+    read = number.end;
+    if (number.status == NumberStatus::kNone) read = !text.empty() && is_sign(text[0]);
+    if (number.status == NumberStatus::kTooLarge) return text[0] == u'-' ? kLowest : kHighest;
+    return static_cast<Integer>(number.value);
+  });
+}
+
+Double ScanFPNum(const TString& Instring, Boolean AllowExp, Integer DecMode, Integer& CurPos) {
+  const NumberGrammar grammar{AllowExp, DecMode == 1 || DecMode == 3, DecMode == 2 || DecMode == 3};
+  return scan_from(Instring, CurPos,
+                   [=](std::u16string_view text, std::size_t& read) { return scan_number(text, grammar, read); });
+}
+
+Boolean IsValidDouble(const TString& S, Boolean AllowExp, TDecPSep DecPSep) {
+  const NumberGrammar grammar{AllowExp, DecPSep != dpsComma, DecPSep != dpsPoint};
+  const std::u16string_view text = S.units().substr(skip_blanks(S.units()));
+  const auto number = zor::detail::parse_number(text, grammar);
+  return number.end == text.size() && (number || number.status == NumberStatus::kTooSmall);
+}
+Boolean IsValidFPNum(const TString& S, TDecPSep DecPSep) { return IsValidDouble(S, true, DecPSep); }
+
+Boolean IsValidHex(const TString& S) { return is_word(S, 4); }
+Boolean IsValidOct(const TString& S) { return is_word(S, 3); }
+Boolean IsValidBin(const TString& S) { return is_word(S, 1); }
+Boolean IsValidDecInt(const TString& S) {
+  const auto number = zor::detail::parse_integer(S.units(), kLowest, kHighest);
+  return number && number.end == S.units().size();
+}
+
+Integer StrToIntDefault(const TString& S, Integer Default) {
+  Integer value = 0, code = 0;
+  Val(S, value, code);
+  return code == 0 ? value : Default;
+}
+
+}  // namespace ZOR_math1
