@@ -8,6 +8,7 @@
 #include "zor/scalar/byte_order.h"
 #include "zor/scalar/elementary.h"
 #include "zor/scalar/exchange.h"
+#include "zor/scalar/float_text.h"
 #include "zor/scalar/geometry.h"
 #include "zor/scalar/histogram_bin.h"
 #include "zor/scalar/interpolation.h"
@@ -25,11 +26,11 @@
 
 /// \file  Mathematics on single numbers and on plain runs of cells.
 /// Rounding and axis scales, compensated sums, number theory, elementary functions, polynomials, angles, points of the
-/// plane, bits, random deviates; selection, sorting, sorted lists and interpolation in tables. Cells count from 0,
-/// except in the forms that take an untyped pointer and a TVarKind, whose positions count from 1. A routine raises only
-/// where it says so; all others take every argument: overflow gives an infinity, a division by zero an infinity or NaN.
-/// Only GRandom and LongRand keep a state; all other routines may run on several threads at once, each on cells of its
-/// own.
+/// plane, bits, random deviates, numbers as text and back; selection, sorting, sorted lists and interpolation in
+/// tables. Cells count from 0, except in the forms that take an untyped pointer and a TVarKind, whose positions count
+/// from 1. A routine raises only where it says so; all others take every argument: overflow gives an infinity, a
+/// division by zero an infinity or NaN. Only GRandom and LongRand keep a state; all other routines may run on several
+/// threads at once, each on cells of its own.
 ///
 ///     using namespace ZOR_math1;
 ///     Double first, step;
