@@ -2,7 +2,9 @@
 
 #include "zor/arrays/array_concepts.h"
 #include "zor/arrays/boolean_arrays.h"
+#include "zor/arrays/clone.h"
 #include "zor/arrays/compare.h"
+#include "zor/arrays/copy.h"
 #include "zor/arrays/counting.h"
 #include "zor/arrays/elementwise.h"
 #include "zor/arrays/extremes.h"

@@ -1,0 +1,116 @@
+#include "zor/arrays/clone.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "zor/arrays/walk_internal.h"
+
+namespace ZOR_openarrays {
+namespace {
+
+/// A cell in the type of another array. The limits come before the rounding, so that the loop over this has no branch.
+template <class To, class From>
+To cell_as(From x) noexcept {
+  if constexpr (std::same_as<To, Integer> && std::same_as<From, Double>) {
+    constexpr Double kLow = std::numeric_limits<Integer>::min(), kHigh = std::numeric_limits<Integer>::max();
+    constexpr Double kWhole = 0x1.8p52;  // adding it rounds to whole numbers, ties to even
+    Double y = x < kLow ? kLow : x;
+    y = y > kHigh ? kHigh : y;
+    y = x == x ? y : 0.0;
+    return static_cast<Integer>((y + kWhole) - kWhole);
+  } else {
+    return static_cast<To>(x);
+  }
+}
+
+template <class S, class D>
+Integer clone(const S& src, D& dest) {
+  using From = CellType<S>;
+  using To = CellType<D>;
+  const auto shape = zor::detail::shape_of(src);
+  if (shape.empty()) return kEmptyArray;
+  const auto convert = [](std::span<const From> x, std::span<To> out) {
+    std::ranges::transform(x, out.begin(), cell_as<To, From>);
+  };
+  const auto copy = [](std::span<const From> x, std::span<To> out) { std::ranges::copy(x, out.begin()); };
+  zor::detail::write_result(dest, shape, [&](D& out) {
+    if constexpr (std::same_as<From, To>) {
+      zor::detail::for_runs(shape, copy, src, out);
+    } else {
+      zor::detail::for_runs(shape, convert, src, out);
+    }
+  });
+  return 0;
+}
+
+template <class S, class D>
+Integer clone_reversed(const S& src, D& dest) {
+  // With this handle a Dest that is Src shares its cells, and is not written in place.
+  const S source = src;
+  const auto shape = zor::detail::shape_of(source);
+  if (shape.empty()) return kEmptyArray;
+  zor::detail::write_result(dest, shape, [&](D& out) {
+    std::transform(std::make_reverse_iterator(source.end()), std::make_reverse_iterator(source.begin()), out.begin(),
+                   cell_as<CellType<D>, CellType<S>>);
+  });
+  return 0;
+}
+
+}  // namespace
+
+template <ClonableArray A>
+Integer CloneArray(const Same<A>& Src, A& Dest) {
+  return clone(Src, Dest);
+}
+template <class S, class D>
+requires OtherNumArray<S, D> Integer CloneArray(const S& Src, D& Dest) { return clone(Src, Dest); }
+template <std::same_as<TSingleArray> S>
+Integer CloneArray(const S& Src, TDoubleArray& Dest) {
+  return clone(Src, Dest);
+}
+template <std::same_as<TSingleArray> D>
+Integer CloneArray(const TDoubleArray& Src, D& Dest) {
+  return clone(Src, Dest);
+}
+
+template <class A>
+requires ArrayOf<A, 1, 1, Double, Integer, Boolean> Integer CloneAndReverseArray(const Same<A>& Src, A& Dest) {
+  return clone_reversed(Src, Dest);
+}
+template <class S, class D>
+requires(OtherNumArray<S, D>&& kRank<S> == 1) Integer CloneAndReverseArray(const S& Src, D& Dest) {
+  return clone_reversed(Src, Dest);
+}
+template <std::same_as<TSingleArray> S>
+Integer CloneAndReverseArray(const S& Src, TDoubleArray& Dest) {
+  return clone_reversed(Src, Dest);
+}
+template <std::same_as<TSingleArray> D>
+Integer CloneAndReverseArray(const TDoubleArray& Src, D& Dest) {
+  return clone_reversed(Src, Dest);
+}
+
+#define ZOR_INSTANCES(D, I)                        \
+  template Integer CloneArray<D>(const D&, D&);    \
+  template Integer CloneArray<I>(const I&, I&);    \
+  template Integer CloneArray<D, I>(const D&, I&); \
+  template Integer CloneArray<I, D>(const I&, D&);
+
+ZOR_INSTANCES(TDoubleArray, TIntArray)
+ZOR_INSTANCES(TDouble2DArray, TInt2DArray)
+ZOR_INSTANCES(TDouble3DArray, TInt3DArray)
+ZOR_INSTANCES(TDouble4DArray, TInt4DArray)
+template Integer CloneArray<TBoolArray>(const TBoolArray&, TBoolArray&);
+template Integer CloneArray<TBool2DArray>(const TBool2DArray&, TBool2DArray&);
+template Integer CloneArray<TSingleArray>(const TSingleArray&, TDoubleArray&);
+template Integer CloneArray<TSingleArray>(const TDoubleArray&, TSingleArray&);
+
+template Integer CloneAndReverseArray<TDoubleArray>(const TDoubleArray&, TDoubleArray&);
+template Integer CloneAndReverseArray<TIntArray>(const TIntArray&, TIntArray&);
+template Integer CloneAndReverseArray<TBoolArray>(const TBoolArray&, TBoolArray&);
+template Integer CloneAndReverseArray<TDoubleArray, TIntArray>(const TDoubleArray&, TIntArray&);
+template Integer CloneAndReverseArray<TIntArray, TDoubleArray>(const TIntArray&, TDoubleArray&);
+template Integer CloneAndReverseArray<TSingleArray>(const TSingleArray&, TDoubleArray&);
+template Integer CloneAndReverseArray<TSingleArray>(const TDoubleArray&, TSingleArray&);
+
+}  // namespace ZOR_openarrays
