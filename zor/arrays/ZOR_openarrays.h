@@ -3,6 +3,7 @@
 #include "zor/arrays/array_concepts.h"
 #include "zor/arrays/boolean_arrays.h"
 #include "zor/arrays/clone.h"
+#include "zor/arrays/columns_rows.h"
 #include "zor/arrays/compare.h"
 #include "zor/arrays/copy.h"
 #include "zor/arrays/counting.h"
