@@ -14,6 +14,7 @@
 #include "zor/arrays/random_fill.h"
 #include "zor/arrays/result_codes.h"
 #include "zor/arrays/search.h"
+#include "zor/arrays/shape.h"
 #include "zor/arrays/shuffle.h"
 #include "zor/arrays/sums.h"
 #include "zor/base/ZOR_zorbase.h"
