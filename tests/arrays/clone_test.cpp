@@ -6,7 +6,6 @@ namespace ZOR_openarrays {
 namespace {
 
 constexpr auto ramp = [](int i) { return i + 1; };
-constexpr auto tens = [](int i) { return 10 * (i + 1); };
 
 template <class A>
 class Clone : public testing::Test {};
@@ -20,7 +19,7 @@ TYPED_TEST(Clone, HasTheShapeAndCellsOfTheSourceAndItsOwnMemory) {
   EXPECT_EQ(CloneArray(src, dest), 0);
   EXPECT_EQ(CloneArray(src, shares), 0);
   EXPECT_EQ(dest, src);
-  each(shares, [](auto& x) { x = !x; });
+  each(shares, [](auto& x) { x = static_cast<CellType<TypeParam>>(x == 0); });
   EXPECT_EQ(dest, src);
   EXPECT_NE(shares, src);
 }

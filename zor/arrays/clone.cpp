@@ -9,8 +9,9 @@ namespace ZOR_openarrays {
 namespace {
 
 /// A cell in the type of another array. The limits come before the rounding, so that the loop over this has no branch.
+/// As a lambda it is part of the loop, where a pointer to a function would be called.
 template <class To, class From>
-To cell_as(From x) noexcept {
+constexpr auto cell_as = [](From x) noexcept -> To {
   if constexpr (std::same_as<To, Integer> && std::same_as<From, Double>) {
     constexpr Double kLow = std::numeric_limits<Integer>::min(), kHigh = std::numeric_limits<Integer>::max();
     constexpr Double kWhole = 0x1.8p52;  // adding it rounds to whole numbers, ties to even
@@ -21,7 +22,7 @@ To cell_as(From x) noexcept {
   } else {
     return static_cast<To>(x);
   }
-}
+};
 
 template <class S, class D>
 Integer clone(const S& src, D& dest) {

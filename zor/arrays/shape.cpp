@@ -35,7 +35,7 @@ void flip(A& a, Integer depth) noexcept {
 /// the end. row(r) is where the cells of row r go.
 template <class A, class Row>
 void transpose(const A& a, std::size_t rows, Row row) {
-  constexpr std::size_t kBlock = 16;
+  constexpr std::size_t kBlock = 32;
   const std::size_t cols = a.size();
   for (std::size_t r0 = 0; r0 < rows; r0 += kBlock) {
     const std::size_t r1 = (std::min)(rows, r0 + kBlock);
