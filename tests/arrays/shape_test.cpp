@@ -84,8 +84,8 @@ using PlaneTypes = testing::Types<TDouble2DArray, TInt2DArray, TBool2DArray>;
 TYPED_TEST_SUITE(Plane, PlaneTypes);
 
 TYPED_TEST(Plane, TransposedHasColumnsAndRowsExchanged) {
-  for (const std::size_t cols : {1, 2, 15, 16, 17, 33}) {
-    for (const std::size_t rows : {1, 3, 8, 16, 31, 50}) {
+  for (const std::size_t cols : {1U, 2U, 15U, 16U, 17U, 33U}) {
+    for (const std::size_t rows : {1U, 3U, 8U, 16U, 31U, 50U}) {
       auto a = this->plane(cols, rows);
       const auto other = a;
       EXPECT_EQ(TransposeArray(a), 0);

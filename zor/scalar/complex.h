@@ -15,7 +15,7 @@ using namespace ZOR_zorbase;
 /// Failures of this unit.
 ZOR_DECLARE_EXCEPTION(EZORComplexError, EZORError);
 
-/// std::complex<double>, or a type like it. Told by its members: the header <complex> would make every user's program
+/// std::complex<double>, or a type like it. Told by its members: its header would make the programs of all users
 /// compile longer.
 template <class Z>
 concept ComplexOfDouble = requires(const Z& z) {
