@@ -30,8 +30,9 @@
 ///         .against("plain loop").goal(1.0).sizes({1000, 1'000'000}).remark("one chain of additions");
 ///
 /// Both return their result, or a reference to the cells that they wrote; the results are copied and compared before
-/// the pair is timed, and a wrong one ends the program. Where the work destroys its data, give the data a member
-/// `reset()`: it runs before each call and is not timed (use it for work above some microseconds only).
+/// the pair is timed, and a wrong one ends the program. Where fetching the result costs time, return a function that
+/// fetches it: only the comparison calls it. Where the work destroys its data, give the data a member `reset()`: it
+/// runs before each call and is not timed (use it for work above some microseconds only).
 /// Without a peer: ZOR_BENCH_RATE(Name, make, ours). Times are processor times of the thread, medians of at least five
 /// repetitions in random order; `.wall()` takes the time of the clock, for work in several threads.
 
@@ -152,7 +153,11 @@ template <class Make, class F>
 auto result(Make& make, F& f, std::size_t n) {
   auto data = make(n);
   reset(data);
-  return std::decay_t<std::invoke_result_t<F&, decltype(data)&>>(f(data));
+  if constexpr (std::is_invocable_v<std::invoke_result_t<F&, decltype(data)&>>) {
+    return f(data)();
+  } else {
+    return std::decay_t<std::invoke_result_t<F&, decltype(data)&>>(f(data));
+  }
 }
 
 }  // namespace detail

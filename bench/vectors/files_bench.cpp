@@ -3,8 +3,12 @@
 #include <charconv>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "bench/pair.h"
 #include "zor/vectors/ZOR_vector.h"
@@ -44,22 +48,42 @@ Files files(std::size_t n) {
   return f;
 }
 
-double from_chars_loop(Files& f) {
+/// Reads the numbers of the buffer; what is returned gives them.
+auto from_chars_loop(Files& f) {
   const char *at = f.buffer.data(), *end = at + f.buffer.size();
   for (double& x : f.x) {
     at = std::from_chars(at, end, x).ptr;
     ++at;
   }
-  return f.x.back();
+  return [&f] { return f.x; };
+}
+
+/// The last `count` words of a text: its numbers, without what stands before them.
+std::vector<std::string> last_words(std::istream&& text, std::size_t count) {
+  std::vector<std::string> words{std::istream_iterator<std::string>(text), {}};
+  words.erase(words.begin(), words.end() - static_cast<std::ptrdiff_t>(std::min(count, words.size())));
+  return words;
+}
+
+auto words_of_file(const std::string& name, const Files& f) {
+  return [&f, name] { return last_words(std::ifstream(name), f.x.size()); };
+}
+
+auto words_of_buffer(const Files& f, std::size_t length) {
+  return [&f, length] { return last_words(std::istringstream(f.buffer.substr(0, length)), f.x.size()); };
+}
+
+auto cells_of(const Files& f) {
+  return [&f] { return std::vector<double>(f.v->begin(), f.v->end()); };
 }
 
 ZOR_BENCH_PAIR(
     PlainWrite, files,
     [](Files& f) {
       f.v->StoreOnFile(0, 0, 6, f.name);
-      return 0.0;
+      return words_of_file(f.name, f);
     },
-    [](Files& f) { return static_cast<double>(to_chars_loop(f)) * 0.0; }, bench::equal)
+    [](Files& f) { return words_of_buffer(f, to_chars_loop(f)); }, bench::equal)
     .against("std::to_chars into a buffer")
     .goal(0.6)
     .sizes({1'000'000})
@@ -69,9 +93,9 @@ ZOR_BENCH_PAIR(
     AscWrite, files,
     [](Files& f) {
       f.v->ExportAsASC(f.name + ".asc", 6, "bench");
-      return 0.0;
+      return words_of_file(f.name + ".asc", f);
     },
-    [](Files& f) { return static_cast<double>(to_chars_loop(f)) * 0.0; }, bench::equal)
+    [](Files& f) { return words_of_buffer(f, to_chars_loop(f)); }, bench::equal)
     .against("std::to_chars into a buffer")
     .goal(0.6)
     .sizes({1'000'000})
@@ -81,7 +105,7 @@ ZOR_BENCH_PAIR(
     PlainRead, files,
     [](Files& f) {
       f.v->LoadFromFile(f.name, true);
-      return f.v->GetVal(f.v->NrOfElem());
+      return cells_of(f);
     },
     from_chars_loop, bench::equal)
     .against("std::from_chars on a buffer")
@@ -100,7 +124,7 @@ ZOR_BENCH_PAIR(
     [](Files& f) {
       TString comment;
       f.v->ImportASC(f.name, comment);
-      return f.v->GetVal(f.v->NrOfElem());
+      return cells_of(f);
     },
     from_chars_loop, bench::equal)
     .against("std::from_chars on a buffer")

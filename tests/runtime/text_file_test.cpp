@@ -79,6 +79,21 @@ TEST(TTextFileWords, AreSeparatedByBlanksAndLineEnds) {
   EXPECT_THAT(words_of("\u00A0a\u00A0b\uFEFF \u00A0 c"), ElementsAre("a\u00A0b", "c"));
 }
 
+TEST(TTextFileWords, BlanksAreSixBytesOfAllAtAnyPlace) {
+  for (std::size_t before = 0; before < 19; ++before) {
+    for (int byte = 0; byte < 256; ++byte) {
+      const bool blank = byte == 32 || (byte >= 9 && byte <= 13);
+      const std::string text =
+          std::string(before, before % 2 ? ' ' : '\n') + static_cast<char>(byte) + "z and more text";
+      TTextFile file;
+      file.AssignText(text);
+      file.Reset();
+      file.skip_blanks();
+      ASSERT_EQ(file.peek_byte(), blank ? 'z' : byte) << before << " blanks, byte " << byte;
+    }
+  }
+}
+
 TEST(TTextFile, PassesOverOneByteOrderMarkAtTheBeginning) {
   TTextFile file;
   file.AssignText("\xEF\xBB\xBFx");

@@ -148,7 +148,7 @@ ParsedNumber read_long(Digits<Unit> digits) {
 }
 
 template <class Unit>
-ParsedNumber read_number(const Unit* first, const Unit* last, NumberGrammar grammar) {
+inline ParsedNumber read_number(const Unit* first, const Unit* last, NumberGrammar grammar) {
   const Unit* p = first;
   if (p == last) return {};
   const bool negative = *p == '-';
@@ -222,6 +222,15 @@ ParsedInteger read_integer(const Unit* first, const Unit* last, std::int64_t low
 }
 
 }  // namespace
+
+// The usual grammar as a constant: nothing is asked for each number.
+ParsedNumber parse_number(std::string_view text) noexcept {
+  return read_number(text.data(), text.data() + text.size(), NumberGrammar{});
+}
+
+ParsedNumber parse_number(std::u16string_view text) noexcept {
+  return read_number(text.data(), text.data() + text.size(), NumberGrammar{});
+}
 
 ParsedNumber parse_number(std::string_view text, NumberGrammar grammar) noexcept {
   return read_number(text.data(), text.data() + text.size(), grammar);

@@ -38,8 +38,10 @@ struct NumberGrammar {
 
 /// The longest number that stands at the start of the text. Blanks in front are not skipped; an "E" without digits
 /// behind it is not part of the number.
-ZOR_API ParsedNumber parse_number(std::string_view text, NumberGrammar grammar = {}) noexcept;
-ZOR_API ParsedNumber parse_number(std::u16string_view text, NumberGrammar grammar = {}) noexcept;
+ZOR_API ParsedNumber parse_number(std::string_view text) noexcept;
+ZOR_API ParsedNumber parse_number(std::u16string_view text) noexcept;
+ZOR_API ParsedNumber parse_number(std::string_view text, NumberGrammar grammar) noexcept;
+ZOR_API ParsedNumber parse_number(std::u16string_view text, NumberGrammar grammar) noexcept;
 
 /// An integer at the start of a text: optional sign, digits.
 struct ParsedInteger {

@@ -153,6 +153,12 @@ std::size_t write_non_finite(char* out, double x) {
 std::size_t align_right(char* out, std::size_t size, int width) {
   const std::size_t field = static_cast<std::size_t>(std::clamp(width, 0, kMaxField));
   if (size >= field) return size;
+  if (char text[16]; field <= sizeof text) {  // the usual case: three moves of a known size
+    std::memcpy(text, out, sizeof text);
+    std::memset(out, ' ', sizeof text);
+    std::memcpy(out + (field - size), text, sizeof text);
+    return field;
+  }
   std::memmove(out + (field - size), out, size);
   std::memset(out, ' ', field - size);
   return field;
