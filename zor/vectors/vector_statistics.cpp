@@ -1,13 +1,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 
 #include "zor/kernels/extremes.h"
 #include "zor/kernels/moments.h"
 #include "zor/kernels/sums.h"
 #include "zor/runtime/numbers.h"
-#include "zor/vectors/ranked_internal.h"
+#include "zor/vectors/statistics_internal.h"
 #include "zor/vectors/vector.h"
 
 namespace ZOR_vector {
@@ -38,12 +37,6 @@ TDynArray<T> work_copy(const TComponent& component, std::span<const T> cells) {
   } catch (const EOutOfMemory&) {
     zor::detail::Fail<EZORVectorError>(component, "not enough memory on heap");
   }
-}
-
-Double interpolate(Double lower, Double upper, Double fraction) { return lower + (upper - lower) * fraction; }
-
-void count(Integer& counter, Int64 by = 1) noexcept {
-  counter = static_cast<Integer>(std::min<Int64>(Int64{counter} + by, zor::detail::kMaxInteger));
 }
 
 }  // namespace
@@ -101,28 +94,10 @@ template <Cell T>
 Boolean BasicVector<T>::Quartiles(Integer LowElem, Integer HighElem, Double& Q1, Double& Q2, Double& Q3) const {
   Q1 = Q2 = Q3 = 0.0;
   TArray work = work_copy<T>(*this, range(LowElem, HighElem));
-  const std::size_t n = work.size();
-  std::array<std::size_t, 6> ranks;
-  std::array<Double, 3> fractions;
-  for (std::size_t q = 0; q < 3; ++q) {
-    const Double position = (static_cast<Double>(n) + 1.0) * (0.25 * static_cast<Double>(q + 1));
-    const Double whole = std::floor(position);
-    const auto k = static_cast<std::size_t>(whole);
-    // Ranks count from 0 here: rank k - 1 is the k-th value.
-    ranks[2 * q] = k == 0 ? 0 : std::min(k - 1, n - 1);
-    ranks[2 * q + 1] = k == 0 || k >= n ? ranks[2 * q] : k;
-    fractions[q] = k == 0 || k >= n ? 0.0 : position - whole;
-    if (k >= n) ranks[2 * q] = ranks[2 * q + 1] = n - 1;
-  }
-  std::array<T, 6> values;
-  zor::detail::ranked_values<T>(work, ranks, values);
-  const auto quartile = [&](std::size_t q) {
-    if (ranks[2 * q] == ranks[2 * q + 1]) return static_cast<Double>(values[2 * q]);
-    return interpolate(static_cast<Double>(values[2 * q]), static_cast<Double>(values[2 * q + 1]), fractions[q]);
-  };
-  Q1 = quartile(0);
-  Q2 = quartile(1);
-  Q3 = quartile(2);
+  const std::array<Double, 3> q = zor::detail::quartiles(std::span<T>(work));
+  Q1 = q[0];
+  Q2 = q[1];
+  Q3 = q[2];
   return true;
 }
 
@@ -144,7 +119,7 @@ Double BasicVector<T>::Percentile(Double prob, Integer LowElem, Integer HighElem
   std::array<T, 2> values;
   zor::detail::ranked_values<T>(work, ranks, values);
   if (ranks[0] == last) return static_cast<Double>(values[0]);
-  return interpolate(static_cast<Double>(values[0]), static_cast<Double>(values[1]), fraction);
+  return zor::detail::interpolate(static_cast<Double>(values[0]), static_cast<Double>(values[1]), fraction);
 }
 
 template <Cell T>
@@ -187,13 +162,9 @@ void BasicVector<T>::SkewKurtIntern(Integer LowElem, Integer HighElem, Double& S
   const Double mean = sum / n;
   kernels::CentralSums d;
   for_doubles<T>(cells, [&](std::size_t, std::span<const Double> x) { kernels::accumulate_in_order(d, x, mean); });
-  const Double variance = (d.d2 - d.d1 * d.d1 / n) / (n - 1.0);
-  const Double s = std::sqrt(variance < 0.0 ? 0.0 : variance);
-  Skewness = d.d3;
-  Kurtosis = d.d4;
-  if (s == 0.0) return;
-  Skewness = d.d3 / n / s / s / s;
-  Kurtosis = d.d4 / n / (s * s * (s * s)) - 3.0;
+  const zor::detail::SkewKurt result = zor::detail::skew_kurt(n, d);
+  Skewness = result.skewness;
+  Kurtosis = result.kurtosis;
 }
 
 template <Cell T>
@@ -207,49 +178,27 @@ void BasicVector<T>::SkewKurtSample(Integer LowElem, Integer HighElem, Double& S
   Integer count = 0;
   SkewKurtIntern(LowElem, HighElem, Skewness, Kurtosis, count);
   if (count < 4) return;
-  const Double n = count;
-  Kurtosis = (Kurtosis + 3.0) * n * n * (n + 1.0) / (n - 1.0) / (n - 2.0) / (n - 3.0) -
-             3.0 * (n - 1.0) * (n - 1.0) / (n - 2.0) / (n - 3.0);
-  Skewness = Skewness * n * n / (n - 1.0) / (n - 2.0);
+  const zor::detail::SkewKurt sample = zor::detail::sample_skew_kurt(count, {Skewness, Kurtosis});
+  Skewness = sample.skewness;
+  Kurtosis = sample.kurtosis;
 }
 
 template <Cell T>
 Boolean BasicVector<T>::Histogram(Integer FirstElem, Integer LastElem, T FirstBin, T LastBin, T BinWidth,
                                   TIntArray& Histo, Integer& Underflow, Integer& Overflow, Integer& MaxCnt) const {
-  // Integers are counted in 64 bits, where neither limits nor distances can overflow.
-  using Wide = std::conditional_t<RealCell<T>, Double, Int64>;
-  const Wide first = FirstBin, width = RealCell<T> ? Wide{BinWidth} : std::max<Wide>(BinWidth, 1);
-  const Wide end = LastBin + width;
-  Int64 bins = 0;
-  if constexpr (RealCell<T>) {
-    const Double ratio = std::abs(LastBin - FirstBin) / BinWidth;
-    // Half a bin more would round to one bin too many.
-    if (!(BinWidth > 0.0) || !std::isfinite(first) || !std::isfinite(end) || !(ratio < kMaxBins - 0.5)) return false;
-    bins = ZOR_runtime::Round(ratio) + 1;
-  } else {
-    const Int64 distance = Int64{LastBin} - first;
-    bins = (distance < 0 ? -distance : distance) / width + 1;
-    if (bins > kMaxBins) {
-      throw EZORVectorError("Component \"" + Name() + ".Histogram\": invalid number of bins");
-    }
+  zor::detail::BinCounter<T> bins(FirstBin, LastBin, BinWidth, kMaxBins);
+  if (!bins.valid()) {
+    if constexpr (RealCell<T>) return false;
+    throw EZORVectorError("Component \"" + Name() + ".Histogram\": invalid number of bins");
   }
-  if (Length(Histo) != bins) SetLength(Histo, bins);
-  std::ranges::fill(Histo, 0);
-  Underflow = Overflow = MaxCnt = 0;
-
-  const auto place = [&](Wide x, Int64 times) {
-    if (x < first) return count(Underflow, times);
-    if (!(x < end)) return count(Overflow, times);
-    const Wide offset = (x - first) / width;
-    const auto bin = static_cast<Int64>(offset);
-    if (bin >= bins) return count(Overflow, times);  // no whole number of bins, or a quotient rounded up
-    count(Histo[bin], times);
-    MaxCnt = std::max(MaxCnt, Histo[bin]);
-  };
+  bins.start(Histo);
   const Int64 lo = std::max<Int64>(FirstElem, 1), hi = std::min<Int64>(LastElem, NrOfElem());
-  for (Int64 i = lo; i <= hi; ++i) place(FVec[i - 1], 1);
+  for (Int64 i = lo; i <= hi; ++i) bins.put(FVec[i - 1]);
   const Int64 told = Int64{LastElem} - FirstElem + 1, inside = std::max<Int64>(hi - lo + 1, 0);
-  if (told > inside) place(Wide{0}, told - inside);
+  if (told > inside) bins.put(0, told - inside);
+  Underflow = bins.underflow;
+  Overflow = bins.overflow;
+  MaxCnt = bins.largest;
   return true;
 }
 
