@@ -154,6 +154,19 @@ TEST(ReadNextTag, FindsNamesAndContentBeyondAscii) {
   EXPECT_EQ(content, "\U0001F600");
 }
 
+TEST(ReadNextTag, TakesBytesThatAreNoTextForTheReplacementInNamesToo) {
+  const std::string text = "<y\xA4><x>1</x></y\x93><x>2</x>";  // one name where both bytes read as U+FFFD
+  TString attr, content;
+  Integer ix = 1;
+  EXPECT_EQ(ZOR_stringl::ReadNextTagInString(text, ix, kTags, attr, content), kOther);
+  EXPECT_EQ(ix, 18);
+  TTextFile file;
+  file.AssignText(text);
+  file.Reset();
+  EXPECT_EQ(ZOR_streams::ReadNextTagInTextFile(file, kTags, attr, content), kOther);
+  EXPECT_EQ(file.Position(), 17);
+}
+
 TEST(ReadNextTagInTextFile, StopsInsideALineAndGoesBackInALargeFile) {
   const std::string filler(200000, '.');
   const zor::test::TempFile temp("<x>1</x> rest of line\n<y>" + filler + "<x>2</x>" + filler);

@@ -59,6 +59,16 @@ Text trimmed(Text text) {
   return text;
 }
 
+bool is_plain(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// A name as it compares with others: bytes that are no UTF-8 stand for U+FFFD, whichever they are.
+void make_comparable(std::u16string&) {}
+void make_comparable(std::string& name) {
+  if (!is_plain(name)) name = TString(name).utf8();
+}
+
 // Finds the tags in a source and keeps the text between them on request.
 template <class Source>
 class TagScanner {
@@ -112,6 +122,7 @@ class TagScanner {
       tag.name += static_cast<Unit>(c);
       c = get();
     } while (starts_name(c) && c != '/');
+    make_comparable(tag.name);
     int quote = 0;
     for (; c >= 0 && (quote || (c != '>' && c != '<')); c = get()) {
       if (quote ? c == quote : c == '"' || c == '\'') quote = quote ? 0 : c;
@@ -173,8 +184,7 @@ bool same(std::string_view name, const TString& listed) {
                  [](char a, char16_t b) { return static_cast<unsigned char>(a) == b && b < 0x80; })) {
     return true;
   }
-  const bool plain = std::all_of(name.begin(), name.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-  return !plain && TString(name) == listed;
+  return !is_plain(name) && TString(name) == listed;
 }
 
 template <class Text>
