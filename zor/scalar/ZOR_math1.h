@@ -2,10 +2,12 @@
 
 #include "zor/base/ZOR_zorbase.h"
 #include "zor/scalar/ZOR_math1_fwd.h"
+#include "zor/scalar/angle_text.h"
 #include "zor/scalar/angles.h"
 #include "zor/scalar/axis_scale.h"
 #include "zor/scalar/bits.h"
 #include "zor/scalar/byte_order.h"
+#include "zor/scalar/date_text.h"
 #include "zor/scalar/elementary.h"
 #include "zor/scalar/exchange.h"
 #include "zor/scalar/float_text.h"

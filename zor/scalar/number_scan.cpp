@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "zor/runtime/number_reader.h"
-#include "zor/runtime/text.h"
 #include "zor/scalar/digits_internal.h"
+#include "zor/scalar/scan_internal.h"
 
 namespace ZOR_math1 {
 namespace {
@@ -15,28 +15,6 @@ using zor::detail::NumberGrammar;
 using zor::detail::NumberStatus;
 
 constexpr Integer kLowest = std::numeric_limits<Integer>::min(), kHighest = std::numeric_limits<Integer>::max();
-
-std::size_t skip_blanks(std::u16string_view text) {
-  std::size_t i = 0;
-  while (i < text.size() && zor::detail::is_blank(text[i])) ++i;
-  return i;
-}
-
-// Runs scan on what stands behind the blanks from CurPos on, and moves CurPos by what it says to have read; by nothing,
-// not even blanks, if it says so with kStay.
-constexpr std::size_t kStay = static_cast<std::size_t>(-1);
-template <class Scan>
-auto scan_from(const TString& Instring, Integer& CurPos, Scan scan) {
-  std::u16string_view text = Instring.units();
-  const std::size_t start = CurPos < 1 ? 0 : static_cast<std::size_t>(CurPos) - 1;
-  std::size_t read = kStay;
-  if (start >= text.size()) return decltype(scan(text, read)){};
-  text.remove_prefix(start);
-  const std::size_t blanks = skip_blanks(text);
-  const auto value = scan(text.substr(blanks), read);
-  if (read != kStay) CurPos = zor::detail::to_integer(start + blanks + read + 1);
-  return value;
-}
 
 // The digits at the start of a text.
 struct Word {
@@ -56,7 +34,7 @@ Word read_word(std::u16string_view text, int bits_per_digit) {
 }
 
 Integer scan_word(const TString& Instring, Integer& CurPos, int bits_per_digit) {
-  return scan_from(Instring, CurPos, [=](std::u16string_view text, std::size_t& read) {
+  return zor::detail::scan_from(Instring.units(), CurPos, [=](std::u16string_view text, std::size_t& read) {
     const Word word = read_word(text, bits_per_digit);
     if (word.end != 0) read = word.end;
     return static_cast<Integer>(static_cast<std::uint32_t>(word.value));
@@ -114,7 +92,7 @@ Integer ScanOctal(const TString& Instring, Integer& CurPos) { return scan_word(I
 Integer ScanBin(const TString& Instring, Integer& CurPos) { return scan_word(Instring, CurPos, 1); }
 
 Integer ScanDecimal(const TString& Instring, Integer& CurPos) {
-  return scan_from(Instring, CurPos, [](std::u16string_view text, std::size_t& read) {
+  return zor::detail::scan_from(Instring.units(), CurPos, [](std::u16string_view text, std::size_t& read) {
     const auto number = zor::detail::parse_integer(text, kLowest, kHighest);
     read = number.end;
     if (number.status == NumberStatus::kNone) read = !text.empty() && is_sign(text[0]);
@@ -125,13 +103,14 @@ Integer ScanDecimal(const TString& Instring, Integer& CurPos) {
 
 Double ScanFPNum(const TString& Instring, Boolean AllowExp, Integer DecMode, Integer& CurPos) {
   const NumberGrammar grammar{AllowExp, DecMode == 1 || DecMode == 3, DecMode == 2 || DecMode == 3};
-  return scan_from(Instring, CurPos,
-                   [=](std::u16string_view text, std::size_t& read) { return scan_number(text, grammar, read); });
+  return zor::detail::scan_from(Instring.units(), CurPos, [=](std::u16string_view text, std::size_t& read) {
+    return scan_number(text, grammar, read);
+  });
 }
 
 Boolean IsValidDouble(const TString& S, Boolean AllowExp, TDecPSep DecPSep) {
   const NumberGrammar grammar{AllowExp, DecPSep != dpsComma, DecPSep != dpsPoint};
-  const std::u16string_view text = S.units().substr(skip_blanks(S.units()));
+  const std::u16string_view text = S.units().substr(zor::detail::skip_blanks(S.units()));
   const auto number = zor::detail::parse_number(text, grammar);
   return number.end == text.size() && (number || number.status == NumberStatus::kTooSmall);
 }
