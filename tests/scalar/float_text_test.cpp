@@ -9,6 +9,8 @@ namespace {
 TEST(FloatText, ShortExponentsOrAsterisks) {
   EXPECT_EQ(strf(1234.5, 12, -2), " 1.23450E+03");
   EXPECT_EQ(strf(1e100, 12, -2), "************");
+  EXPECT_EQ(strf(-1e-100, 3, -2), "********");
+  EXPECT_EQ(strf(1.5, 40, -2).Length(), 40);
   EXPECT_EQ(strf(1.25, 7, 1), "    1.2");
 }
 
@@ -17,6 +19,8 @@ TEST(FloatText, MakeEFormatHasNoLetterAndKeepsAllDigitsOfTheExponent) {
   EXPECT_EQ(MakeEFormat(1e100, 8, 4), " 0.1000+101");
   EXPECT_EQ(MakeEFormat(-1e-150, 8, 4), "-0.1000-149");
   EXPECT_EQ(MakeEFormat(0.0, 12, 4), "   0.0000+00");
+  EXPECT_EQ(MakeEFormat(-1234.5, 14, 4), "    -0.1234+04");
+  EXPECT_EQ(MakeEFormat(9.9999e99, 14, 3), "     0.100+101");
 }
 
 TEST(FloatText, EngineeringNotationChangesTheLetterAtPowersOfThousand) {

@@ -87,6 +87,23 @@ TEST(ScanDecimal, TakesASignAndStopsAtTheEndsOfInteger) {
   EXPECT_EQ(at, 2);
 }
 
+TEST(Scanners, TakeViewsOfUnits) {
+  const std::u16string_view text = u"17 2.5";
+  Integer at = 1;
+  EXPECT_EQ(ScanDecimal(text, at), 17);
+  EXPECT_EQ(ScanFPNum(text, true, 1, at), 2.5);
+  EXPECT_EQ(at, 7);
+}
+
+// Units whose low byte is a digit are none: U+0131, U+FF31, and the full-width digits.
+TEST(ScanFPNum, TakesOnlyAsciiDigits) {
+  for (const char16_t* text : {u"123456\u01317890", u"123456\uFF317890", u"123456\uFF117890", u"123456\u80317890"}) {
+    Integer at = 1;
+    EXPECT_EQ(ScanFPNum(text, true, 1, at), 123456.0);
+    EXPECT_EQ(at, 7);
+  }
+}
+
 TEST(ScanRadix, TakesAllDigitsAndKeepsTheLow32Bits) {
   Integer at = 1;
   EXPECT_EQ(ScanHex(" 00000000fffffffeG", at), -2);

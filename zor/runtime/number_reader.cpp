@@ -8,6 +8,10 @@
 #include <cstdlib>
 #include <cstring>
 
+#ifdef __x86_64__
+#include <emmintrin.h>
+#endif
+
 #include "zor/runtime/pow10.h"
 
 namespace zor::detail {
@@ -34,13 +38,25 @@ constexpr std::uint64_t join_digits(std::uint64_t digits) {
   return (digits * 10000 + (digits >> 32)) & 0x00000000FFFFFFFF;
 }
 
+// Eight units as bytes, the first in the lowest byte. Units that do not fit become 0 or 255, which are no digits.
+inline std::uint64_t load_eight(const char* p) {
+  std::uint64_t eight;
+  std::memcpy(&eight, p, 8);
+  return eight;
+}
+#ifdef __x86_64__
+inline std::uint64_t load_eight(const char16_t* p) {
+  const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p));
+  return static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_packus_epi16(units, units)));
+}
+#endif
+
 // Appends the digits from p on to n (modulo 2^64) and gives the place behind them.
 template <class Unit>
-const Unit* take_digits(const Unit* p, const Unit* last, std::uint64_t& n) {
-  if constexpr (sizeof(Unit) == 1 && std::endian::native == std::endian::little) {
+[[gnu::always_inline]] inline const Unit* take_digits(const Unit* p, const Unit* last, std::uint64_t& n) {
+  if constexpr (std::endian::native == std::endian::little && requires { load_eight(p); }) {
     for (; last - p >= 8; p += 8) {
-      std::uint64_t eight;
-      std::memcpy(&eight, p, 8);
+      std::uint64_t eight = load_eight(p);
       const std::uint64_t other = find_other(eight);
       eight -= 0x3030303030303030;
       if (other != 0) {
@@ -147,6 +163,8 @@ ParsedNumber read_long(Digits<Unit> digits) {
   return number;
 }
 
+constexpr std::size_t kMostUnits = (std::size_t{1} << 56) - 1;
+
 template <class Unit>
 inline ParsedNumber read_number(const Unit* first, const Unit* last, NumberGrammar grammar) {
   const Unit* p = first;
@@ -193,7 +211,7 @@ inline ParsedNumber read_number(const Unit* first, const Unit* last, NumberGramm
   } else {
     number = read_long(digits);
   }
-  number.end = static_cast<std::size_t>(p - first);
+  number.end = static_cast<std::size_t>(p - first) & kMostUnits;
   number.value = std::bit_cast<double>(std::bit_cast<std::uint64_t>(number.value) | std::uint64_t{negative} << 63);
   return number;
 }

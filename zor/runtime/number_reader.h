@@ -24,8 +24,8 @@ enum class NumberStatus : std::uint8_t {
 /// A number at the start of a text.
 struct ParsedNumber {
   double value = 0.0;
-  std::size_t end = 0;  ///< Number of characters that belong to it; 0 with kNone.
-  NumberStatus status = NumberStatus::kNone;
+  std::size_t end : 56 = 0;                       ///< Number of characters that belong to it; 0 with kNone.
+  NumberStatus status : 8 = NumberStatus::kNone;  // packed, so that all of it comes back in registers
   explicit operator bool() const noexcept { return status == NumberStatus::kNumber; }
 };
 

@@ -1,6 +1,10 @@
 #include "zor/runtime/tstring.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <ostream>
+#include <span>
 
 #include "zor/runtime/utf8.h"
 
@@ -67,10 +71,29 @@ void append_utf8(std::string& out, char32_t c) {
   }
 }
 
+// Widens the ASCII that the text begins with, or what fits of it, and gives the number of its characters.
+std::size_t widen_ascii(std::string_view text, std::span<Char> units) {
+  const std::size_t most = std::min(text.size(), units.size());
+  std::size_t n = 0;
+  for (; most - n >= 8; n += 8) {
+    std::uint64_t eight;
+    std::memcpy(&eight, text.data() + n, 8);
+    if ((eight & 0x8080808080808080) != 0) break;
+    for (std::size_t i = 0; i < 8; ++i) units[n + i] = static_cast<unsigned char>(text[n + i]);
+  }
+  for (; n < most && static_cast<unsigned char>(text[n]) < 0x80; ++n) units[n] = static_cast<Char>(text[n]);
+  return n;
+}
+
 }  // namespace
 
 TString::TString(std::string_view utf8_text) {
-  units_.reserve(utf8_text.size());
+  // Short ASCII, such as a number, is made in one piece.
+  Char ascii[64];
+  const std::size_t count = widen_ascii(utf8_text, ascii);
+  if (count < utf8_text.size()) units_.reserve(utf8_text.size());
+  units_.append(ascii, count);
+  utf8_text.remove_prefix(count);
   while (!utf8_text.empty()) {
     const char32_t c = take_utf8(utf8_text);
     if (c < 0x10000) {

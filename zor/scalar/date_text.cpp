@@ -183,13 +183,14 @@ bool put_together(const Parts& parts, Double& value) {
 
 Double ScanDateTime(const TString& Instring, const TString& Format, TLanguage Language, Integer& CurPos) {
   const Names& names = kNames[Language < std::size(kNames) ? Language : lgEnglish];
-  return zor::detail::scan_from(Instring.units(), CurPos, [&](std::u16string_view text, std::size_t& read) {
-    Reader in(text);
-    Parts parts;
-    Double value = 0.0;
-    if (read_all(in, Format.units(), names, parts) && in.read() != 0 && put_together(parts, value)) read = in.read();
-    return value;
-  });
+  return zor::detail::scan_from(
+      Instring.units(), CurPos, [&](std::u16string_view text) -> zor::detail::Scanned<Double> {
+        Reader in(text);
+        Parts parts;
+        Double value = 0.0;
+        if (!read_all(in, Format.units(), names, parts) || in.read() == 0 || !put_together(parts, value)) return {};
+        return {value, in.read()};
+      });
 }
 
 }  // namespace ZOR_math1

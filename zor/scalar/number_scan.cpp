@@ -13,6 +13,8 @@ namespace {
 
 using zor::detail::NumberGrammar;
 using zor::detail::NumberStatus;
+using zor::detail::scan_from;
+using zor::detail::Scanned;
 
 constexpr Integer kLowest = std::numeric_limits<Integer>::min(), kHighest = std::numeric_limits<Integer>::max();
 
@@ -34,10 +36,10 @@ Word read_word(std::u16string_view text, int bits_per_digit) {
 }
 
 Integer scan_word(const TString& Instring, Integer& CurPos, int bits_per_digit) {
-  return zor::detail::scan_from(Instring.units(), CurPos, [=](std::u16string_view text, std::size_t& read) {
+  return scan_from(Instring.units(), CurPos, [=](std::u16string_view text) -> Scanned<Integer> {
     const Word word = read_word(text, bits_per_digit);
-    if (word.end != 0) read = word.end;
-    return static_cast<Integer>(static_cast<std::uint32_t>(word.value));
+    if (word.end == 0) return {};
+    return {static_cast<Integer>(static_cast<std::uint32_t>(word.value)), word.end};
   });
 }
 
@@ -58,31 +60,28 @@ std::size_t pass_bare_exponent(std::u16string_view text, std::size_t i) {
   return i + (i < text.size() && is_sign(text[i]));
 }
 
-Double scan_number(std::u16string_view text, NumberGrammar grammar, std::size_t& end) {
+Scanned<Double> scan_number(std::u16string_view text, NumberGrammar grammar) {
   const auto number = zor::detail::parse_number(text, grammar);
-  end = number.end;
+  std::size_t end = number.end;
   if (number.status == NumberStatus::kNone) {
     end = !text.empty() && is_sign(text[0]);
     if (end < text.size() && is_separator(text[end], grammar)) {
       ++end;
       if (end < text.size() && is_exponent_mark(text[end]) && grammar.exponent) end = pass_bare_exponent(text, end);
     }
-    return 0.0;
+    return {0.0, end};
   }
   if (end < text.size()) {
     const bool mark = is_exponent_mark(text[end]) && grammar.exponent;
     if (mark || is_separator(text[end], grammar)) {
       // Both end a number with an exponent and spoil one without.
       const bool has_exponent = grammar.exponent && text.substr(0, end).find_first_of(u"eE") != text.npos;
-      if (!has_exponent) {
-        if (mark) end = pass_bare_exponent(text, end);
-        return 0.0;
-      }
+      if (!has_exponent) return {0.0, mark ? pass_bare_exponent(text, end) : end};
     }
   }
   if (number.status == NumberStatus::kTooLarge)
-    return text[0] == u'-' ? std::numeric_limits<Double>::lowest() : std::numeric_limits<Double>::max();
-  return number.value;
+    return {text[0] == u'-' ? std::numeric_limits<Double>::lowest() : std::numeric_limits<Double>::max(), end};
+  return {number.value, end};
 }
 
 }  // namespace
@@ -91,22 +90,24 @@ Integer ScanHex(const TString& Instring, Integer& CurPos) { return scan_word(Ins
 Integer ScanOctal(const TString& Instring, Integer& CurPos) { return scan_word(Instring, CurPos, 3); }
 Integer ScanBin(const TString& Instring, Integer& CurPos) { return scan_word(Instring, CurPos, 1); }
 
-Integer ScanDecimal(const TString& Instring, Integer& CurPos) {
-  return zor::detail::scan_from(Instring.units(), CurPos, [](std::u16string_view text, std::size_t& read) {
+template <std::same_as<std::u16string_view> View>
+Integer ScanDecimal(View Instring, Integer& CurPos) {
+  return scan_from(Instring, CurPos, [](std::u16string_view text) -> Scanned<Integer> {
     const auto number = zor::detail::parse_integer(text, kLowest, kHighest);
-    read = number.end;
-    if (number.status == NumberStatus::kNone) read = !text.empty() && is_sign(text[0]);
-    if (number.status == NumberStatus::kTooLarge) return text[0] == u'-' ? kLowest : kHighest;
-    return static_cast<Integer>(number.value);
+    if (number.status == NumberStatus::kNone) return {0, static_cast<std::size_t>(!text.empty() && is_sign(text[0]))};
+    if (number.status == NumberStatus::kTooLarge) return {text[0] == u'-' ? kLowest : kHighest, number.end};
+    return {static_cast<Integer>(number.value), number.end};
   });
 }
 
-Double ScanFPNum(const TString& Instring, Boolean AllowExp, Integer DecMode, Integer& CurPos) {
+template <std::same_as<std::u16string_view> View>
+Double ScanFPNum(View Instring, Boolean AllowExp, Integer DecMode, Integer& CurPos) {
   const NumberGrammar grammar{AllowExp, DecMode == 1 || DecMode == 3, DecMode == 2 || DecMode == 3};
-  return zor::detail::scan_from(Instring.units(), CurPos, [=](std::u16string_view text, std::size_t& read) {
-    return scan_number(text, grammar, read);
-  });
+  return scan_from(Instring, CurPos, [=](std::u16string_view text) { return scan_number(text, grammar); });
 }
+
+template ZOR_API Integer ScanDecimal(std::u16string_view, Integer&);
+template ZOR_API Double ScanFPNum(std::u16string_view, Boolean, Integer, Integer&);
 
 Boolean IsValidDouble(const TString& S, Boolean AllowExp, TDecPSep DecPSep) {
   const NumberGrammar grammar{AllowExp, DecPSep != dpsComma, DecPSep != dpsPoint};

@@ -16,19 +16,24 @@ constexpr std::size_t skip_blanks(std::u16string_view text, std::size_t i = 0) n
   return i - start;
 }
 
-/// What a scanner says to have read if the position stays, blanks included.
+/// What a scanner found at the start of a text; with read = kStay the position stays, blanks included.
 inline constexpr std::size_t kStay = static_cast<std::size_t>(-1);
+template <class Value>
+struct Scanned {
+  Value value{};
+  std::size_t read = kStay;
+};
 
-/// scan(text, read) on what stands behind the blanks from position `at` (from 1) on; moves `at` by what it says to have
-/// read. Behind the end nothing is scanned.
+/// The value of scan(text), where text is what stands behind the blanks from position `at` (from 1) on; moves `at`
+/// behind what was read. Behind the end nothing is scanned.
 template <class Scan>
 auto scan_from(std::u16string_view text, ZOR_runtime::Integer& at, Scan scan) {
   const std::size_t start = at < 1 ? 0 : static_cast<std::size_t>(at) - 1;
-  std::size_t read = kStay;
-  if (start >= text.size()) return decltype(scan(text, read)){};
+  if (start >= text.size()) return decltype(scan(text).value){};
   text.remove_prefix(start);
   const std::size_t blanks = skip_blanks(text);
-  const auto value = scan(text.substr(blanks), read);
+  text.remove_prefix(blanks);
+  const auto [value, read] = scan(text);
   if (read != kStay) at = to_integer(start + blanks + read + 1);
   return value;
 }
