@@ -6,6 +6,7 @@
 
 #include "zor/base/asc_codec.h"
 #include "zor/base/record_codec.h"
+#include "zor/scalar/ZOR_math1.h"
 #include "zor/vectors/ZOR_vector.h"
 
 namespace {
@@ -92,6 +93,26 @@ void write_vectors(const std::string& folder) {
   write_text(folder + "marked", "\x06head\n1.5 //dig\nx //dig\n2 //dig 9\n");
 }
 
+/// A byte of options (1: exponents and plain angles, 2 and 4: separators, from 8 on: language), a format, the text.
+void write_number_text(const std::string& folder) {
+  using namespace ZOR_math1;
+  write_text(folder + "floats", "\x03\n -7 2.5E3 mm .5 1..2 1e5.2 1ex +.e 4.9e-324 2e308 17976931348623157" +
+                                    strf(-1e-300, 30, -1).utf8() + MakeEFormat(1e99, 20, 12).utf8());
+  write_text(folder + "commas", "\x07\n1,5 1.5,2 ,5 -,e 3.1415926535897932384626433832795");
+  write_text(folder + "integers", "\x02\n" + (Hex(-2, 16) + " " + Octal(-1, 11) + " " + Bin(5, 32)).utf8() +
+                                      " -2147483648 +2147483648 99999999999999999999");
+  TString angles = "\x01\n";
+  for (const TDegreeFormat format : {dfDecimal, dfDegMin, dfDegMinSec, dfPlain})
+    angles += DegreeToStr(-0.5, format, 0) + " " + DegreeToStr(359.99999, format, 4) + ", ";
+  write_text(folder + "angles", angles.utf8() + "10\u00B0 20\u2032 30\u2033 1\u00B060'60'' 5\u00B0 61'");
+  write_text(folder + "dates",
+             "\x08"
+             "ddd, d. mmmm yyyy h:n:s.zzz am/pm\nMontag, 4. M\u00E4rz 2024 12:30:59.250 PM!");
+  write_text(folder + "short_dates",
+             "\x10"
+             "dd/mmm/yy\n1/juin/49 29/f\u00E9v/50 30/f\u00E9v/24 1/jui/24");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -100,7 +121,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::string root = std::string(argv[1]) + "/";
-  for (const char* target : {"asc", "tags", "record_file", "text_file", "vector"})
+  for (const char* target : {"asc", "tags", "record_file", "text_file", "vector", "number_text"})
     std::filesystem::create_directories(root + target);
 
   write_asc(root + "asc/vector", {"one column", 1, 4, false, false, false, false}, 4);
@@ -124,5 +145,6 @@ int main(int argc, char** argv) {
   write_text(root + "text_file/words", "\x03\x01\x02\x03 one 2.5 \u00A03\u00A0\r\n\u20AC\U0001F600 x\n\n-7 1e400 end");
   write_text(root + "text_file/lines", "\x02\0\6\nfirst\r\nsecond\rx\n\xFF\xC3\0last"sv);
   write_vectors(root + "vector/");
+  write_number_text(root + "number_text/");
   return 0;
 }

@@ -2,13 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
-#include <cmath>
-#include <cstdint>
 #include <limits>
-#include <random>
-
-#include "zor/runtime/number_writer.h"
 
 using namespace ZOR_math1;
 
@@ -39,6 +33,7 @@ TEST(ScanFPNum, GivesValueAndPlaceOfTheStop) {
       {"1e5e", true, 1, 1e5, 4},
       {".", true, 1, 0, 2},
       {"+.e", true, 1, 0, 4},
+      {".e-05x", true, 1, 0, 6},
       {"1e", true, 1, 0, 3},
       {"1ex", true, 1, 0, 3},
       {"1e+", true, 1, 0, 4},
@@ -141,25 +136,6 @@ TEST(StrToIntDefault, GivesTheDefaultForWhatIsNoInteger) {
   EXPECT_EQ(StrToIntDefault("x", 7), 7);
   EXPECT_EQ(StrToIntDefault("2147483648", 7), 7);
   EXPECT_EQ(StrToIntDefault("-12", 7), -12);
-}
-
-// All patterns of bits are equally likely: every exponent, subnormals among them. Scaled down from 10^7 numbers to stay
-// fast in builds for debugging.
-TEST(ScanFPNum, ReadsBackAMillionDoublesBitByBit) {
-  std::mt19937_64 random(1);
-  char text[zor::detail::kNumberBuffer];
-  int wrong = 0;
-  for (int i = 0; i < 1'000'000; ++i) {
-    std::uint64_t bits = random();
-    if (i % 16 == 0) bits &= 0x800FFFFFFFFFFFFF;  // a subnormal number
-    const auto x = std::bit_cast<Double>(bits);
-    if (!std::isfinite(x)) continue;
-    const std::size_t size = zor::detail::format_shortest(text, x);
-    Integer at = 1;
-    const Double back = ScanFPNum(std::string_view(text, size), true, 1, at);
-    wrong += std::bit_cast<std::uint64_t>(back) != bits || at != static_cast<Integer>(size) + 1;
-  }
-  EXPECT_EQ(wrong, 0);
 }
 
 }  // namespace

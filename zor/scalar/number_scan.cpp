@@ -54,10 +54,12 @@ bool is_separator(Char c, NumberGrammar grammar) {
 bool is_sign(Char c) { return c == u'+' || c == u'-'; }
 bool is_exponent_mark(Char c) { return c == u'E' || c == u'e'; }
 
-// Place behind an "E" without digits that stands at i.
-std::size_t pass_bare_exponent(std::u16string_view text, std::size_t i) {
+// Place behind the "E" at i, its sign and its digits.
+std::size_t pass_exponent(std::u16string_view text, std::size_t i) {
   ++i;
-  return i + (i < text.size() && is_sign(text[i]));
+  i += i < text.size() && is_sign(text[i]);
+  while (i < text.size() && zor::detail::digit_value(text[i]) < 10) ++i;
+  return i;
 }
 
 Scanned<Double> scan_number(std::u16string_view text, NumberGrammar grammar) {
@@ -67,7 +69,7 @@ Scanned<Double> scan_number(std::u16string_view text, NumberGrammar grammar) {
     end = !text.empty() && is_sign(text[0]);
     if (end < text.size() && is_separator(text[end], grammar)) {
       ++end;
-      if (end < text.size() && is_exponent_mark(text[end]) && grammar.exponent) end = pass_bare_exponent(text, end);
+      if (end < text.size() && is_exponent_mark(text[end]) && grammar.exponent) end = pass_exponent(text, end);
     }
     return {0.0, end};
   }
@@ -76,7 +78,7 @@ Scanned<Double> scan_number(std::u16string_view text, NumberGrammar grammar) {
     if (mark || is_separator(text[end], grammar)) {
       // Both end a number with an exponent and spoil one without.
       const bool has_exponent = grammar.exponent && text.substr(0, end).find_first_of(u"eE") != text.npos;
-      if (!has_exponent) return {0.0, mark ? pass_bare_exponent(text, end) : end};
+      if (!has_exponent) return {0.0, mark ? pass_exponent(text, end) : end};
     }
   }
   if (number.status == NumberStatus::kTooLarge)
