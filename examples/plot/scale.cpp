@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "zor/scalar/ZOR_math1.h"
+
 namespace plot {
 namespace {
 
@@ -18,13 +20,14 @@ std::string with_true_minus(std::string text) {
 
 Ticks ticks_125(double low, double high, int wanted) {
   if (!(low < high) || !std::isfinite(high - low) || wanted < 1) return {};
-  const double raw = (high - low) / wanted;
-  const double power = std::pow(10.0, std::floor(std::log10(raw)));
-  const double factor = raw / power;
-  const double step = power * (factor < 1.41 ? 1.0 : factor < 3.16 ? 2.0 : factor < 7.07 ? 5.0 : 10.0);
-  const double slack = 1e-9;  // a bound that is a multiple but for rounding gets its mark
-  const double from = std::ceil(low / step - slack), to = std::floor(high / step + slack);
-  return {from * step, step, static_cast<int>(to - from) + 1};
+  Ticks ticks;
+  ZOR_zorbase::Word minor = 0;
+  // The scale has at least the intervals asked for, and up to 2.5 times as many.
+  ZOR_math1::CalcScalePars((wanted + 1) / 2, low, high, ticks.first, ticks.step, minor);
+  if (!(ticks.step > 0.0)) return {};
+  const double slack = 1e-3;  // as at the first mark: a bound that is a multiple but for rounding gets its mark
+  ticks.count = static_cast<int>((high - ticks.first) / ticks.step + slack) + 1;
+  return ticks;
 }
 
 std::string number_text(double value, double step) {

@@ -33,7 +33,8 @@ struct Ticks {
 /// Chooses the marks of an axis that lie from low to high; about `wanted` of them.
 using TickRule = Ticks (*)(double low, double high, int wanted);
 
-/// Marks at multiples of 1, 2 or 5 times a power of ten. Without low < high, no marks.
+/// Marks at multiples of 1, 2 or 5 times a power of ten, as CalcScalePars lays them out: from half as many as wanted to
+/// some more. Without low < high, no marks.
 Ticks ticks_125(double low, double high, int wanted);
 
 /// The value with as many decimals as `step` needs, a true minus sign, and thin spaces in numbers of five digits or

@@ -47,6 +47,19 @@ TEST(Ticks, IncludeABoundThatIsAMultipleButForRounding) {
   EXPECT_NEAR(ticks.at(ticks.count - 1), 0.9, 1e-12);
 }
 
+// Labels must find room: never more than a quarter above what was asked for, but for the marks at both ends.
+TEST(Ticks, AreAboutAsManyAsWanted) {
+  for (int wanted = 1; wanted < 12; ++wanted) {
+    for (double high = 1.0; high < 1000.0; high *= 1.07) {
+      const auto ticks = plot::ticks_125(-0.3 * high, high, wanted);
+      EXPECT_LE(ticks.count - 1, 1.25 * (wanted + 1)) << high;
+      EXPECT_GE(ticks.count + 1, wanted / 2) << high;
+      EXPECT_LE(ticks.at(ticks.count - 1), high + 0.002 * ticks.step);
+      EXPECT_GT(ticks.at(ticks.count), high);
+    }
+  }
+}
+
 TEST(Ticks, OfNoRangeAreNone) {
   for (const auto& range : {plot::Range{1.0, 1.0}, plot::Range{2.0, 1.0}, plot::Range{kNan, 1.0}, plot::Range{0, kInf}})
     EXPECT_EQ(plot::ticks_125(range.low, range.high, 5).count, 0);
