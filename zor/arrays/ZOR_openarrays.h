@@ -11,12 +11,15 @@
 #include "zor/arrays/extremes.h"
 #include "zor/arrays/fill.h"
 #include "zor/arrays/means.h"
+#include "zor/arrays/permute.h"
 #include "zor/arrays/random_fill.h"
+#include "zor/arrays/rescale.h"
 #include "zor/arrays/result_codes.h"
 #include "zor/arrays/search.h"
 #include "zor/arrays/shape.h"
 #include "zor/arrays/shuffle.h"
 #include "zor/arrays/sums.h"
+#include "zor/arrays/vector_products.h"
 #include "zor/base/ZOR_zorbase.h"
 
 /// \file  Operations on dynamic arrays of one to four dimensions.
