@@ -2,6 +2,8 @@
 #include <vector>
 
 #include "bits.h"
+#include "zor/kernels/eigen_general.h"
+#include "zor/kernels/eigen_symmetric.h"
 #include "zor/kernels/singular_values.h"
 
 namespace {
@@ -30,4 +32,23 @@ ZOR_BITS(eigen) {
     bits::print("left vectors", u.cells);
     bits::print("right vectors", v.cells);
   }
+
+  constexpr std::size_t kSize = 43;
+  const std::vector<double> x = bits::noise(kSize * kSize, 8);
+  Columns symmetric(kSize, kSize, {}), real(kSize, kSize, {}), vectors(kSize, kSize, {});
+  for (std::size_t r = 0; r < kSize; ++r)
+    for (std::size_t c = 0; c <= r; ++c) {
+      symmetric.at[c][r] = symmetric.at[r][c] = x[r * kSize + c];
+      // Rows of a symmetric matrix times positive numbers: not symmetric, with real values.
+      real.at[c][r] = x[r * kSize + c] * static_cast<double>(r + 1);
+      real.at[r][c] = x[r * kSize + c] * static_cast<double>(c + 1);
+    }
+  std::vector<double> values(kSize), work(symmetric_eigen_work(kSize));
+  symmetric_eigen(symmetric.at.data(), kSize, values.data(), work.data());
+  bits::print("symmetric eigenvalues", values);
+  bits::print("symmetric eigenvectors", symmetric.cells);
+  std::vector<std::size_t> exchanges(kSize);
+  general_eigen(real.at.data(), kSize, values.data(), vectors.at.data(), work.data(), exchanges.data());
+  bits::print("eigenvalues", values);
+  bits::print("eigenvectors", vectors.cells);
 }

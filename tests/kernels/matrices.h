@@ -52,6 +52,9 @@ class Matrix {
   std::vector<double*> columns_;
 };
 
+/// The norm of which a subnormal cell's last place is 2^-52.
+inline constexpr long double kLeastNorm = 0x1p-1022L;
+
 inline long double norm_of(const Matrix& a) {
   long double sum = 0;
   for (const double x : a.cells()) sum += static_cast<long double>(x) * x;

@@ -67,9 +67,7 @@ TEST(SingularValues, WithVectorsMakeUpTheMatrixAgain) {
           sum += static_cast<long double>(d.u(r, k)) * d.values[k] * d.v(c, k);
         return sum;
       };
-      // Where cells are subnormal their last place is no longer a part of 2^-52 of them.
-      const long double least = std::numeric_limits<double>::denorm_min() * 0x1p52L;
-      EXPECT_LT(ratio(m, n, std::max(norm_of(a), least), rest), 30.0);
+      EXPECT_LT(ratio(m, n, std::max(norm_of(a), kLeastNorm), rest), 30.0);
       EXPECT_LT(orthogonality_ratio(d.u), 30.0);
       EXPECT_LT(orthogonality_ratio(d.v), 30.0);
       const auto alone = values_of(a), together = sorted(d.values);

@@ -27,6 +27,10 @@ double power_to_one(double size) {
   return std::ldexp(1.0, std::clamp(-exponent, -1022, 1023));
 }
 
+void multiply(double* x, std::size_t n, double factor) {
+  for (std::size_t i = 0; i < n; ++i) x[i] *= factor;
+}
+
 }  // namespace
 
 double dot_in_eight(const double* x, const double* y, std::size_t n) noexcept { return table().dot(x, y, n); }
@@ -42,12 +46,20 @@ double hypotenuse(double a, double b) noexcept {
   return std::sqrt(a * a + b * b) / scale;
 }
 
-double scale_to_one(const double* const* a, std::size_t cols, std::size_t rows) noexcept {
+double scale_matrix(double* const* a, std::size_t cols, std::size_t rows) noexcept {
   std::uint64_t bits = 0;
   for (std::size_t c = 0; c < cols; ++c) bits = std::max(bits, table().largest(a[c], rows));
   const double largest = std::bit_cast<double>(bits);
   if (!std::isfinite(largest)) return std::numeric_limits<double>::quiet_NaN();
-  return largest == 0.0 || (largest > 0x1p-300 && largest < 0x1p300) ? 1.0 : power_to_one(largest);
+  if (largest == 0.0 || (largest > 0x1p-100 && largest < 0x1p100)) return 1.0;
+  const double scale = power_to_one(largest);
+  for (std::size_t c = 0; c < cols; ++c) multiply(a[c], rows, scale);
+  return scale;
+}
+
+void normalize(double* x, std::size_t n) noexcept {
+  multiply(x, n, power_to_one(std::bit_cast<double>(table().largest(x, n))));
+  multiply(x, n, 1.0 / std::sqrt(dot_in_eight(x, x, n)));
 }
 
 Reflection make_reflection(double* x, std::size_t n) noexcept {
@@ -57,7 +69,7 @@ Reflection make_reflection(double* x, std::size_t n) noexcept {
     const double largest = std::bit_cast<double>(table().largest(x, n));
     if (largest != 0.0) {
       scale = power_to_one(largest);
-      for (std::size_t i = 0; i < n; ++i) x[i] *= scale;
+      multiply(x, n, scale);
       rest = dot_in_eight(x + 1, x + 1, n - 1);
     }
   }
@@ -100,6 +112,10 @@ void combine_columns(const double* const* a, const double* u, std::size_t cols, 
 
 void update_multiply(double* a, const double* v, const double* w, const double* x, double* p, std::size_t n) noexcept {
   table().update_multiply(a, v, w, x, p, n);
+}
+
+void rotate_pair(double* const* z, std::size_t rows, double c, double s) noexcept {
+  table().rotate(z, 1, 1, &c, &s, 0, rows);
 }
 
 RotationLog::RotationLog(double* const* z, std::size_t rows, std::size_t cols, double* work) noexcept

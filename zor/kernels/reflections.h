@@ -17,9 +17,12 @@ ZOR_API double dot_in_eight(const double* x, const double* y, std::size_t n) noe
 /// The square root of a a + b b, neither overflowing nor losing digits where the squares leave the range of numbers.
 ZOR_API double hypotenuse(double a, double b) noexcept;
 
-/// The power of 2 by which to multiply the cells of a matrix so that the largest lies near 1: 1.0 if it is between
-/// 2^-300 and 2^300 already, or 0; NaN if a cell is not finite.
-ZOR_API double scale_to_one(const double* const* a, std::size_t cols, std::size_t rows) noexcept;
+/// Multiplies a matrix by a power of 2 so that its largest cell lies near 1, and returns that factor: 1.0 where the
+/// cell lies between 2^-100 and 2^100 already, or is 0. NaN, with nothing changed, if a cell is not finite.
+ZOR_API double scale_matrix(double* const* a, std::size_t cols, std::size_t rows) noexcept;
+
+/// Gives a vector that is not 0 the length 1.
+ZOR_API void normalize(double* x, std::size_t n) noexcept;
 
 struct Reflection {
   double tau;
@@ -48,6 +51,9 @@ ZOR_API void combine_columns(const double* const* a, const double* u, std::size_
 /// v w[0] + w v[0]; then a's share of the product of the symmetric matrix with x is added to p.
 ZOR_API void update_multiply(double* a, const double* v, const double* w, const double* x, double* p,
                              std::size_t n) noexcept;
+
+/// Rotates the columns z[0] and z[1]: (x, y) becomes (c x + s y, c y - s x).
+ZOR_API void rotate_pair(double* const* z, std::size_t rows, double c, double s) noexcept;
 
 /// Chains of rotations of neighbouring columns, collected and applied to blocks of rows, so that these stay in the
 /// cache. With `z` null nothing is kept.

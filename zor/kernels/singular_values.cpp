@@ -144,12 +144,8 @@ void multiply_columns(double* const* a, std::size_t m, double* const* q, std::si
 /// The body of both functions; v is null where no vectors are wanted.
 bool decompose(double* const* a, std::size_t m, std::size_t n, double* values, double* const* v, double* const* square,
                double* work) {
-  const double scale = scale_to_one(a, n, m);
+  const double scale = scale_matrix(a, n, m);
   if (std::isnan(scale)) return std::fill_n(values, n, scale), false;
-  if (scale != 1.0)
-    for (std::size_t c = 0; c < n; ++c)
-      for (std::size_t r = 0; r < m; ++r) a[c][r] *= scale;
-
   double* const left_tau = work + n;
   double* const right_tau = work + 2 * n;
   double* const row = work + 3 * n;
