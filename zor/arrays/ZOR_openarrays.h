@@ -7,6 +7,7 @@
 #include "zor/arrays/compare.h"
 #include "zor/arrays/copy.h"
 #include "zor/arrays/counting.h"
+#include "zor/arrays/eigen.h"
 #include "zor/arrays/elementwise.h"
 #include "zor/arrays/extremes.h"
 #include "zor/arrays/fill.h"
