@@ -1,0 +1,205 @@
+#pragma once
+
+#include <span>
+
+#include "zor/base/ZOR_zorbase.h"
+#include "zor/base/elem_ref.h"
+#include "zor/matrices/ZOR_matrix_fwd.h"
+#include "zor/matrices/columns_edit_scope.h"
+#include "zor/runtime/streams.h"
+
+/// \file  The body of TMatrix. What holds for all of it stands in ZOR_matrix.h.
+
+namespace ZOR_matrix {
+
+using namespace ZOR_zorbase;
+using ZOR_vector::BasicVector;
+using ZOR_vector::Cell;
+using ZOR_vector::RealCell;
+using ZOR_vector::TIntVector;
+using ZOR_vector::TVector;
+
+/// Failures of this unit.
+ZOR_DECLARE_EXCEPTION(EZORMatrixError, EZORError);
+
+/// Sender, Row1, Row2, Distance: the handler puts the distance of two rows into Distance, which starts at 0.
+using TOnCalcDistanceEvent = TEvent<TObject*, Integer, Integer, Double&>;
+
+/// Result of MakeValidColRange and MakeValidRowRange: a bound was moved, or the bounds of the rows were reversed.
+inline constexpr Integer kRangeClamped = -1;
+
+template <Cell T>
+class ZOR_API BasicMatrix : public TComponent {
+ public:
+  using value_type = T;
+  using TArray = TDynArray<T>;
+  using T2DArray = TDynArray<TArray>;
+  using TVec = BasicVector<T>;
+  using TRef = TElemRef<BasicMatrix, T, Integer, Integer>;
+
+  /// After every change of cells.
+  TNotifyEvent OnChange;
+  /// After every change of size, behind OnChange.
+  TNotifyEvent OnResize;
+  /// After each exchange of SortRows and SortCols.
+  TSortExchgEvent OnSortExchange;
+  /// Asked for the distance of two rows when the mode is dmUserDef.
+  TOnCalcDistanceEvent OnCalcDistance;
+  /// Progress, told by PercDone.
+  TOnPercentDoneEvent OnPercentDone;
+
+  /// One column, one row, cell 0; no event is set.
+  explicit BasicMatrix(TComponent* AOwner = nullptr);
+  ~BasicMatrix() override = default;
+  const char* ClassName() const noexcept override;
+
+  /// \name Size
+  /// @{
+  Integer NrOfColumns() const noexcept { return FNCol; }
+  Integer NrOfRows() const noexcept { return FNRow; }
+  /// Resizes with the other dimension unchanged; a value below 1 leaves the matrix as it is.
+  void SetNCols(Integer value) { Resize(value, FNRow); }
+  void SetNRows(Integer value) { Resize(FNCol, value); }
+  void SetNrOfColumns(Integer value) { SetNCols(value); }
+  void SetNrOfRows(Integer value) { SetNRows(value); }
+  /// Sets the numbers of columns and rows; cells inside the old and the new bounds keep place and value, new ones are
+  /// 0. One OnChange, then OnResize. False, with nothing changed, for a size below 1 and for an unchanged size. Throws
+  /// EZORMatrixError "not enough memory on heap" also when a handler throws; the cause is nested in it.
+  Boolean Resize(Integer Nc, Integer Nr);
+  /// Resize, and if that changed the size all cells become 0, followed by OnChange, OnChange, OnResize. A matrix that
+  /// already has the size keeps its cells: false.
+  Boolean ResizeAndClear(Integer Nc, Integer Nr);
+  /// @}
+
+  /// \name Properties of the data
+  /// @{
+  /// Free identifier, which goes into files.
+  const TString& DataID() const noexcept { return FDataID; }
+  void SetDataID(const TString& id) { FDataID = id; }
+  /// How XML and plain text files show numbers; values are limited to -1 to 25. The setting of an ix of 2 or more is
+  /// the number of decimals in fixed notation; if it is -1, as in a new matrix, the notation is general with as many
+  /// significant digits as the setting of an ix below 2 says, where 15 (as in a new matrix) and more, or -1, mean the
+  /// shortest text that reads back to the same double, and 0 counts as 1.
+  Integer Precision(Integer ix) const noexcept requires RealCell<T> { return FPrecis[ix < 2 ? 0 : 1]; }
+  void SetPrecision(Integer ix, Integer value) noexcept requires RealCell<T> {
+    FPrecis[ix < 2 ? 0 : 1] = value < -1 ? -1 : value > 25 ? 25 : value;
+  }
+  Integer GetFPrecis(Integer ix) const noexcept requires RealCell<T> { return Precision(ix); }
+  void SetFPrecis(Integer ix, Integer value) noexcept requires RealCell<T> { SetPrecision(ix, value); }
+  /// @}
+
+  /// \name Cells
+  /// @{
+  /// The cell of column Nc and row Nr, 0 outside.
+  T GetVal(Integer Nc, Integer Nr) const noexcept {
+    const std::size_t c = static_cast<std::size_t>(Nc) - 1, r = static_cast<std::size_t>(Nr) - 1;
+    return c < Mat.size() && r < Mat[c].size() ? Mat[c][r] : T{0};
+  }
+  /// Stores a value and tells OnChange; outside nothing happens.
+  void SetVal(Integer Nc, Integer Nr, T Value) {
+    const std::size_t c = static_cast<std::size_t>(Nc) - 1, r = static_cast<std::size_t>(Nr) - 1;
+    if (c >= Mat.size() || r >= Mat[c].size()) return;
+    Mat[c][r] = Value;
+    Changed();
+  }
+  T Elem(Integer Nc, Integer Nr) const noexcept { return GetVal(Nc, Nr); }
+  /// The cell, which may also be assigned to.
+  TRef Elem(Integer Nc, Integer Nr) noexcept { return {*this, Nc, Nr}; }
+  void SetElem(Integer Nc, Integer Nr, T value) { SetVal(Nc, Nr, value); }
+
+  /// The cells of column Nc, row 1 first; empty outside. Valid until the next resize.
+  std::span<const T> Column(Integer Nc) const noexcept {
+    const std::size_t c = static_cast<std::size_t>(Nc) - 1;
+    return c < Mat.size() ? std::span<const T>(Mat[c].data(), Mat[c].size()) : std::span<const T>();
+  }
+  /// Writable columns for one scope, which tells OnChange once at its end.
+  [[nodiscard]] ColumnsEditScope<BasicMatrix, T> Edit() { return {*this, Mat}; }
+
+  /// Turns a pair of bounds into a valid range: (0, 0) becomes all columns, bounds outside are moved to the nearest
+  /// column, then reversed ones exchanged. 0, or kRangeClamped if a bound was moved.
+  Integer MakeValidColRange(Integer& LowCol, Integer& HighCol) const noexcept;
+  /// The same for rows, except that exchanging reversed bounds gives kRangeClamped as well.
+  Integer MakeValidRowRange(Integer& LowRow, Integer& HighRow) const noexcept;
+  /// @}
+
+  /// \name Filling: one OnChange
+  /// @{
+  void Fill(T value);
+  template <std::floating_point F>
+  requires(!RealCell<T>) void Fill(F) = delete;  // no silent narrowing
+  void Fill(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, T value);
+  template <std::floating_point F>
+  requires(!RealCell<T>) void Fill(Integer, Integer, Integer, Integer, F) = delete;
+  /// Cells (i, i) up to the smaller dimension; the others stay.
+  void FillDiag(T value);
+  /// RangeLow + (RangeHigh - RangeLow) * u with u uniform in [0, 1), from the runtime's generator, which is not
+  /// reseeded; column after column.
+  void FillRandomUniform(Double RangeLow, Double RangeHigh) requires RealCell<T>;
+  void FillRandomUniform(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double RangeLow,
+                         Double RangeHigh) requires RealCell<T>;
+  /// Mean + StdDev * g, g being standard normal deviates (GRandom); column after column.
+  void FillRandomGauss(Double Mean, Double StdDev) requires RealCell<T>;
+  void FillRandomGauss(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double Mean,
+                       Double StdDev) requires RealCell<T>;
+  /// Column after column from the top, the first cell Offset, each next one the one before plus Diff, by repeated
+  /// addition. No event.
+  void FillSerial(T Offset, T Diff);
+  /// @}
+
+  /// \name Linear algebra
+  /// @{
+  /// @}
+
+  /// \name Statistics
+  /// @{
+  /// @}
+
+  /// \name Notifications
+  /// @{
+  void Changed() { OnChange(this); }
+  void Resized() { OnResize(this); }
+  void SortExchange(Byte ExchgWhat, Integer index1, Integer index2, Integer first, Integer last) {
+    OnSortExchange(this, ExchgWhat, index1, index2, first, last);
+  }
+  /// Tells OnPercentDone with this matrix as the sender, whoever computes.
+  void PercDone([[maybe_unused]] TObject* Sender, Integer Percent) { OnPercentDone(this, Percent); }
+  /// @}
+
+ private:
+  /// Inclusive bounds, from 1.
+  struct Bounds {
+    Integer lo, hi;
+    std::size_t size() const noexcept { return static_cast<std::size_t>(hi - lo + 1); }
+  };
+  /// Repaired bounds.
+  Bounds columns(Integer LowCol, Integer HighCol) const noexcept {
+    MakeValidColRange(LowCol, HighCol);
+    return {LowCol, HighCol};
+  }
+  Bounds rows(Integer LowRow, Integer HighRow) const noexcept {
+    MakeValidRowRange(LowRow, HighRow);
+    return {LowRow, HighRow};
+  }
+  /// Calls f with the cells of each column of a block, from left to right.
+  template <class F>
+  void for_columns(Bounds cols, Bounds rows, F f) {
+    for (Integer c = cols.lo; c <= cols.hi; ++c) f(std::span<T>(Mat[c - 1].data() + (rows.lo - 1), rows.size()));
+  }
+  template <class F>
+  void for_columns(Bounds cols, Bounds rows, F f) const {
+    for (Integer c = cols.lo; c <= cols.hi; ++c) f(Column(c).subspan(zor::detail::to_size(rows.lo - 1), rows.size()));
+  }
+  /// The same for all cells.
+  template <class F>
+  void for_columns(F f) {
+    for (TArray& column : Mat) f(std::span<T>(column.data(), column.size()));
+  }
+
+  // Mat[c - 1][r - 1]; all columns have FNRow cells and lie in one block at equal distance.
+  T2DArray Mat;
+  Integer FNCol = 1, FNRow = 1;
+  Integer FPrecis[2] = {15, -1};
+  TString FDataID;
+};
+
+}  // namespace ZOR_matrix
