@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "zor/base/crc.h"
 #include "zor/base/range_rule.h"
 #include "zor/kernels/elementwise.h"
 #include "zor/matrices/heap_guard_internal.h"
@@ -28,13 +29,20 @@ template <Cell T>
 Boolean BasicMatrix<T>::Resize(Integer Nc, Integer Nr) {
   if (Nc < 1 || Nr < 1 || (Nc == FNCol && Nr == FNRow)) return false;
   zor::detail::heap_guard(*this, [&] {
-    SetLength(Mat, Nc, Nr);
-    FNCol = Nc;
-    FNRow = Nr;
-    Changed();
-    Resized();
+    T2DArray made = Mat;
+    SetLength(made, Nc, Nr);
+    replace_cells(made);
   });
   return true;
+}
+
+template <Cell T>
+void BasicMatrix<T>::replace_cells(T2DArray& made) {
+  Mat.swap(made);
+  FNCol = Length(Mat);
+  FNRow = Length(Mat[0]);
+  Changed();
+  Resized();
 }
 
 template <Cell T>
@@ -105,7 +113,7 @@ void BasicMatrix<T>::FillRandomGauss(Integer LowCol, Integer HighCol, Integer Lo
 
 template <Cell T>
 void BasicMatrix<T>::FillSerial(T Offset, T Diff) {
-  const T step[] = {Diff};
+  const T step[] = {Diff};  // added as the cells are: integers wrap
   for_columns([&](std::span<T> column) {
     kernels::fill_serial(column, Offset, Diff);
     Offset = column.back();
@@ -113,17 +121,26 @@ void BasicMatrix<T>::FillSerial(T Offset, T Diff) {
   });
 }
 
+template <Cell T>
+TString BasicMatrix<T>::CRCofData() const {
+  zor::detail::CellChecksum<T> checksum;
+  for (Integer c = 1; c <= FNCol; ++c) checksum.add(Column(c));
+  return checksum.text();
+}
+
 #define ZOR_INSTANCES(T)                                                                 \
   template BasicMatrix<T>::BasicMatrix(TComponent*);                                     \
   template const char* BasicMatrix<T>::ClassName() const noexcept;                       \
   template Boolean BasicMatrix<T>::Resize(Integer, Integer);                             \
+  template void BasicMatrix<T>::replace_cells(T2DArray&);                                \
   template Boolean BasicMatrix<T>::ResizeAndClear(Integer, Integer);                     \
   template Integer BasicMatrix<T>::MakeValidColRange(Integer&, Integer&) const noexcept; \
   template Integer BasicMatrix<T>::MakeValidRowRange(Integer&, Integer&) const noexcept; \
   template void BasicMatrix<T>::Fill(T);                                                 \
   template void BasicMatrix<T>::Fill(Integer, Integer, Integer, Integer, T);             \
   template void BasicMatrix<T>::FillDiag(T);                                             \
-  template void BasicMatrix<T>::FillSerial(T, T);
+  template void BasicMatrix<T>::FillSerial(T, T);                                        \
+  template TString BasicMatrix<T>::CRCofData() const;
 
 ZOR_INSTANCES(Double)
 template void BasicMatrix<Double>::FillRandomUniform(Double, Double);

@@ -27,6 +27,13 @@ using TOnCalcDistanceEvent = TEvent<TObject*, Integer, Integer, Double&>;
 
 /// Result of MakeValidColRange and MakeValidRowRange: a bound was moved, or the bounds of the rows were reversed.
 inline constexpr Integer kRangeClamped = -1;
+/// Results of the copies from and to arrays.
+inline constexpr Integer kNoArray = -1;          ///< Empty or ragged array.
+inline constexpr Integer kBadColumnRange = -2;   ///< Columns of the source.
+inline constexpr Integer kBadRowRange = -3;      ///< Rows of the source.
+inline constexpr Integer kBadElementRange = -4;  ///< CopyFromArray from one dimension: positions of the source.
+inline constexpr Integer kBadArrayPlace = -4;    ///< CopyToArray: the place in the array.
+inline constexpr Integer kBadPlace = -5;         ///< The place in this matrix.
 
 template <Cell T>
 class ZOR_API BasicMatrix : public TComponent {
@@ -146,6 +153,104 @@ class ZOR_API BasicMatrix : public TComponent {
   void FillSerial(T Offset, T Diff);
   /// @}
 
+  /// \name Search
+  /// @{
+  /// Column and row of the cell nearest to Value, column after column from the top, of equally near ones the first;
+  /// both 0 if there is none (NaN).
+  void Find(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, T Value, Integer& ColIx,
+            Integer& RowIx) const;
+  /// Bisection in a sorted column: the row of a cell equal to Value, else the nearer one of the last two candidates, on
+  /// a tie the later. 0 for a column that does not exist.
+  Integer FindInSortedColumn(Integer Col, Boolean ColIsAscending, T Value) const;
+  /// Fingerprint of the cells and their order, columns one behind the other: one CRC-32 for each byte of a cell, over
+  /// that byte of all cells, each as eight upper-case hexadecimal digits, lowest byte first. One column has the
+  /// fingerprint of a vector with its values. The size does not enter.
+  TString CRCofData() const;
+  /// @}
+
+  /// \name Columns and rows
+  /// @{
+  /// Takes out a column or row; those behind it move up. OnChange, OnResize. False, with nothing changed, if it does
+  /// not exist or is the only one. Throws as Resize does.
+  Boolean RemoveColumn(Integer col);
+  Boolean RemoveRow(Integer row);
+  /// Exchanges the cells of two columns or rows; OnChange. An index outside: nothing.
+  void ExchangeColumns(Integer c1, Integer c2);
+  void ExchangeRows(Integer r1, Integer r2);
+  /// Reverses the order of the columns or rows; OnChange.
+  void MirrorColumns();
+  void MirrorRows();
+  /// Exchanges columns and rows; OnChange, then OnResize, also for a square matrix. True. Throws EZORMatrixError "not
+  /// enough memory on heap".
+  Boolean Transpose();
+  /// @}
+
+  /// \name Copies out of the matrix
+  /// FirstCol to LastCol and FirstRow to LastRow are ranges; Row and Col are moved into the matrix. A null vector or
+  /// array is left alone.
+  /// @{
+  /// Fills the vector with 0, then puts the cells in from element 1 on; what does not fit is dropped. The vector tells
+  /// its Fill and each stored element.
+  void CopyRowToVec(TVec* DestVec, Integer Row, Integer FirstCol, Integer LastCol) const;
+  void CopyColToVec(TVec* DestVec, Integer Col, Integer FirstRow, Integer LastRow) const;
+  /// The same from element DestElem on, which may be 0 or negative. Nothing at all happens unless a cell lands on the
+  /// vector.
+  void CopyRowToVec(TVec* DestVec, Integer Row, Integer FirstCol, Integer LastCol, Integer DestElem) const;
+  void CopyColToVec(TVec* DestVec, Integer Col, Integer FirstRow, Integer LastRow, Integer DestElem) const;
+  /// Fills the caller's array, whose length stays, with 0, then puts the cells in from position DestElem on, which
+  /// counts from 0 and may be negative. Nothing at all happens unless a cell lands on the array. All handles that share
+  /// the array see it.
+  void CopyRowTo1DArray(TArray Dest, Integer Row, Integer FirstCol, Integer LastCol, Integer DestElem) const;
+  void CopyColTo1DArray(TArray Dest, Integer Col, Integer FirstRow, Integer LastRow, Integer DestElem) const;
+  /// Copies a range to Dest[DestCol][DestRow] on, as far as it fits; Dest keeps its size. Integers are rounded, ties to
+  /// even. 0, kNoArray, or the last of kBadColumnRange (a bound outside), kBadRowRange (a bound outside, or reversed
+  /// bounds) and kBadArrayPlace that applies.
+  Integer CopyToArray(TDouble2DArray& Dest, Integer SrcColLo, Integer SrcRowLo, Integer SrcColHi, Integer SrcRowHi,
+                      Integer DestCol, Integer DestRow) const;
+  Integer CopyToArray(TInt2DArray& Dest, Integer SrcColLo, Integer SrcRowLo, Integer SrcColHi, Integer SrcRowHi,
+                      Integer DestCol, Integer DestRow) const;
+  /// Gives Dest the size and the cells of this matrix. 0, or kNoArray if Dest is empty or ragged before.
+  Integer DuplicateDataAsArray(T2DArray& Dest) const;
+  void AssignTo(TPersistent* Dest) const override;
+  /// @}
+
+  /// \name Copies into the matrix
+  /// OnChange fires for each stored cell; cells that would land outside are dropped. CopyFrom and CopyFromVec tell
+  /// OnChange once more at the end, Clone OnChange and OnResize.
+  /// @{
+  /// Becomes as large as the source and takes its cells. Null: nothing.
+  void Clone(const BasicMatrix* MatSource);
+  /// Takes over size, cells, DataID, Precision and the handlers of a TMatrix. No event.
+  void Assign(const TPersistent* Source) override;
+  /// Copies a block to (DestCol, DestRow). The bounds are moved into the source and exchanged if reversed; (0, 0, 0, 0)
+  /// is the one cell (1, 1). Null: nothing.
+  void CopyFrom(const BasicMatrix* MatSource, Integer SourceColLo, Integer SourceRowLo, Integer SourceColHi,
+                Integer SourceRowHi, Integer DestCol, Integer DestRow);
+  /// Copies a range of a vector along a row (dimCols) or down a column (dimRows) from (DestCol, DestRow) on. Null:
+  /// nothing.
+  void CopyFromVec(TDims Dim, const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol,
+                   Integer DestRow) requires RealCell<T>;
+  /// Down a column.
+  void CopyFromVec(const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol,
+                   Integer DestRow) requires RealCell<T>;
+  void CopyFromVec(const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol, Integer DestRow,
+                   Boolean AsColumn) requires RealCell<T>;
+  /// Position i of the array, from 0, goes to (Col, Row + i) with AsColumn, else to (Col + i, Row): the position itself
+  /// counts, not its distance from FirstElem. (0, 0) means the whole array; reversed bounds are exchanged. 0, kNoArray,
+  /// kBadElementRange, or kBadPlace, which wins. A matrix of integers rounds, ties to even.
+  Integer CopyFromArray(const TDoubleArray& Src, Integer FirstElem, Integer LastElem, Integer Col, Integer Row,
+                        Boolean AsColumn);
+  Integer CopyFromArray(const TIntArray& Src, Integer FirstElem, Integer LastElem, Integer Col, Integer Row,
+                        Boolean AsColumn);
+  /// Src[i][j] goes to (Col + i, Row + j), for i from SrcColLo to SrcColHi and j from SrcRowLo to SrcRowHi; each pair
+  /// of zeros means all of the dimension, reversed bounds copy nothing. 0, kNoArray, or the last of kBadColumnRange,
+  /// kBadRowRange and kBadPlace that applies.
+  Integer CopyFromArray(const TDouble2DArray& Src, Integer SrcColLo, Integer SrcRowLo, Integer SrcColHi,
+                        Integer SrcRowHi, Integer Col, Integer Row);
+  Integer CopyFromArray(const TInt2DArray& Src, Integer SrcColLo, Integer SrcRowLo, Integer SrcColHi, Integer SrcRowHi,
+                        Integer Col, Integer Row);
+  /// @}
+
   /// \name Linear algebra
   /// @{
   /// @}
@@ -194,6 +299,22 @@ class ZOR_API BasicMatrix : public TComponent {
   void for_columns(F f) {
     for (TArray& column : Mat) f(std::span<T>(column.data(), column.size()));
   }
+
+  /// Puts other cells in the place of the present ones, and tells OnChange and OnResize.
+  void replace_cells(T2DArray& made);
+  /// Stores a block of columns by rows cells, of which column i begins at column_at(i), both from 0, at (dest_col,
+  /// dest_row). Each cell is told if a handler is set; then the block must belong to the caller alone. What lands
+  /// outside is dropped.
+  template <class ColumnAt>
+  void store_block(Int64 columns, Int64 rows, ColumnAt column_at, Int64 dest_col, Int64 dest_row);
+  TArray row_cells(Integer Row, Integer FirstCol, Integer LastCol) const;
+  TArray column_cells(Integer Col, Integer FirstRow, Integer LastRow) const;
+  template <class A>
+  Integer copy_to_array(A& dest, Bounds cols, Bounds rows, Integer dest_col, Integer dest_row) const;
+  template <class A>
+  Integer copy_from_array(const A& src, Integer first, Integer last, Integer col, Integer row, Boolean as_column);
+  template <class A>
+  Integer copy_from_plane(const A& src, Bounds cols, Bounds rows, Integer col, Integer row);
 
   // Mat[c - 1][r - 1]; all columns have FNRow cells and lie in one block at equal distance.
   T2DArray Mat;

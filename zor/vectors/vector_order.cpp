@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <utility>
 
@@ -7,6 +6,7 @@
 #include "zor/kernels/comb_sort.h"
 #include "zor/kernels/search.h"
 #include "zor/runtime/random.h"
+#include "zor/vectors/sorted_search_internal.h"
 #include "zor/vectors/vector.h"
 
 namespace ZOR_vector {
@@ -35,16 +35,7 @@ Integer BasicVector<T>::FindExact(Integer LowElem, Integer HighElem, T value) co
 
 template <Cell T>
 Integer BasicVector<T>::FindInSortedVector(Boolean Ascending, T Value) const {
-  Integer lo = 1, hi = NrOfElem();
-  while (hi - lo >= 2) {
-    const Integer mid = lo + (hi - lo) / 2;
-    const T x = GetVal(mid);
-    if (x == Value) return mid;
-    ((x > Value) == Ascending ? hi : lo) = mid;
-  }
-  using Wide = std::conditional_t<RealCell<T>, Double, Int64>;
-  const auto distance = [Value](T x) { return std::abs(Wide{x} - Wide{Value}); };
-  return distance(GetVal(hi)) > distance(GetVal(lo)) ? lo : hi;
+  return 1 + static_cast<Integer>(zor::detail::nearest_in_sorted(Cells(), Ascending, Value));
 }
 
 template <Cell T>

@@ -1,0 +1,163 @@
+#include <algorithm>
+
+#include "zor/arrays/walk_internal.h"
+#include "zor/matrices/store_block_internal.h"
+#include "zor/vectors/vector.h"
+
+namespace ZOR_matrix {
+namespace {
+
+/// True if one of n values that begin at dest lands on 1 to size.
+bool lands(Int64 n, Int64 dest, Int64 size) { return dest <= size && dest >= 2 - n; }
+
+template <class T>
+void fill_vector(BasicVector<T>& vec, const TDynArray<T>& values, Int64 dest) {
+  vec.Fill(T{0});
+  if (vec.OnChange) {
+    const auto hit = zor::detail::landing(static_cast<Int64>(values.size()), dest, 1, vec.NrOfElem());
+    for (Int64 i = hit.first; i < hit.second; ++i) vec.SetVal(static_cast<Integer>(dest + i), values[i]);
+    return;
+  }
+  auto edit = vec.Edit();  // nobody listens: this only marks the vector as filled
+  const auto hit = zor::detail::landing(static_cast<Int64>(values.size()), dest, 1, vec.NrOfElem());
+  if (hit.first < hit.second)
+    std::copy(values.begin() + hit.first, values.begin() + hit.second, edit.begin() + (dest + hit.first - 1));
+}
+
+template <class T>
+void fill_array(TDynArray<T>& array, const TDynArray<T>& values, Int64 dest) {
+  const auto n = static_cast<Int64>(values.size());
+  const auto size = static_cast<Int64>(array.size());
+  if (!lands(n, dest + 1, size)) return;
+  std::ranges::fill(array, T{0});
+  const auto hit = zor::detail::landing(n, dest, 0, size);
+  std::copy(values.begin() + hit.first, values.begin() + hit.second, array.begin() + (dest + hit.first));
+}
+
+}  // namespace
+
+template <Cell T>
+TDynArray<T> BasicMatrix<T>::row_cells(Integer Row, Integer FirstCol, Integer LastCol) const {
+  const Integer row = std::clamp(Row, 1, FNRow) - 1;
+  const Bounds cols = columns(FirstCol, LastCol);
+  TArray cells;
+  zor::detail::set_length_unset(cells, cols.size());
+  for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = Mat[static_cast<std::size_t>(cols.lo - 1) + i][row];
+  return cells;
+}
+
+template <Cell T>
+TDynArray<T> BasicMatrix<T>::column_cells(Integer Col, Integer FirstRow, Integer LastRow) const {
+  const Bounds within = rows(FirstRow, LastRow);
+  const T* column = Column(std::clamp(Col, 1, FNCol)).data();
+  return TArray(column + (within.lo - 1), column + within.hi);
+}
+
+template <Cell T>
+void BasicMatrix<T>::CopyRowToVec(TVec* DestVec, Integer Row, Integer FirstCol, Integer LastCol) const {
+  if (DestVec) fill_vector(*DestVec, row_cells(Row, FirstCol, LastCol), 1);
+}
+
+template <Cell T>
+void BasicMatrix<T>::CopyColToVec(TVec* DestVec, Integer Col, Integer FirstRow, Integer LastRow) const {
+  if (DestVec) fill_vector(*DestVec, column_cells(Col, FirstRow, LastRow), 1);
+}
+
+template <Cell T>
+void BasicMatrix<T>::CopyRowToVec(TVec* DestVec, Integer Row, Integer FirstCol, Integer LastCol,
+                                  Integer DestElem) const {
+  if (!DestVec || !lands(static_cast<Int64>(columns(FirstCol, LastCol).size()), DestElem, DestVec->NrOfElem())) return;
+  fill_vector(*DestVec, row_cells(Row, FirstCol, LastCol), DestElem);
+}
+
+template <Cell T>
+void BasicMatrix<T>::CopyColToVec(TVec* DestVec, Integer Col, Integer FirstRow, Integer LastRow,
+                                  Integer DestElem) const {
+  if (!DestVec || !lands(static_cast<Int64>(rows(FirstRow, LastRow).size()), DestElem, DestVec->NrOfElem())) return;
+  fill_vector(*DestVec, column_cells(Col, FirstRow, LastRow), DestElem);
+}
+
+template <Cell T>
+void BasicMatrix<T>::CopyRowTo1DArray(TArray Dest, Integer Row, Integer FirstCol, Integer LastCol,
+                                      Integer DestElem) const {
+  fill_array(Dest, row_cells(Row, FirstCol, LastCol), DestElem);
+}
+
+template <Cell T>
+void BasicMatrix<T>::CopyColTo1DArray(TArray Dest, Integer Col, Integer FirstRow, Integer LastRow,
+                                      Integer DestElem) const {
+  fill_array(Dest, column_cells(Col, FirstRow, LastRow), DestElem);
+}
+
+template <Cell T>
+template <class A>
+Integer BasicMatrix<T>::copy_to_array(A& dest, Bounds cols, Bounds down, Integer dest_col, Integer dest_row) const {
+  const auto shape = zor::detail::shape_of(dest);
+  if (shape.empty()) return kNoArray;
+  Integer code = 0;
+  if (MakeValidColRange(cols.lo, cols.hi) != 0) code = kBadColumnRange;
+  if (MakeValidRowRange(down.lo, down.hi) != 0) code = kBadRowRange;
+  const auto outside = [](Integer i, std::size_t n) { return i < 0 || static_cast<std::size_t>(i) >= n; };
+  if (outside(dest_col, shape.length[0]) || outside(dest_row, shape.length[1])) code = kBadArrayPlace;
+  if (code != 0) return code;
+
+  const auto first = static_cast<std::size_t>(dest_col), top = static_cast<std::size_t>(dest_row);
+  const std::size_t n = std::min(cols.size(), shape.length[0] - first);
+  const std::size_t m = std::min(down.size(), shape.length[1] - top);
+  using To = typename A::value_type::value_type;
+  for (std::size_t i = 0; i < n; ++i) {
+    const T* from = Mat[static_cast<std::size_t>(cols.lo - 1) + i].data() + (down.lo - 1);
+    std::transform(from, from + m, dest[first + i].begin() + top, zor::detail::convert_cell<To, T>);
+  }
+  return 0;
+}
+
+template <Cell T>
+Integer BasicMatrix<T>::CopyToArray(TDouble2DArray& Dest, Integer SrcColLo, Integer SrcRowLo, Integer SrcColHi,
+                                    Integer SrcRowHi, Integer DestCol, Integer DestRow) const {
+  return copy_to_array(Dest, {SrcColLo, SrcColHi}, {SrcRowLo, SrcRowHi}, DestCol, DestRow);
+}
+
+template <Cell T>
+Integer BasicMatrix<T>::CopyToArray(TInt2DArray& Dest, Integer SrcColLo, Integer SrcRowLo, Integer SrcColHi,
+                                    Integer SrcRowHi, Integer DestCol, Integer DestRow) const {
+  return copy_to_array(Dest, {SrcColLo, SrcColHi}, {SrcRowLo, SrcRowHi}, DestCol, DestRow);
+}
+
+template <Cell T>
+Integer BasicMatrix<T>::DuplicateDataAsArray(T2DArray& Dest) const {
+  if (zor::detail::shape_of(Dest).empty()) return kNoArray;
+  zor::detail::set_length_unset(Dest, Mat.size(), Mat[0].size());
+  return copy_to_array(Dest, {0, 0}, {0, 0}, 0, 0);
+}
+
+template <Cell T>
+void BasicMatrix<T>::AssignTo(TPersistent* Dest) const {
+  if constexpr (RealCell<T>) {
+    if (auto* matrix = dynamic_cast<BasicMatrix*>(Dest)) {
+      matrix->Assign(this);
+      return;
+    }
+  }
+  TComponent::AssignTo(Dest);
+}
+
+#define ZOR_INSTANCES(T)                                                                                              \
+  template TDynArray<T> BasicMatrix<T>::row_cells(Integer, Integer, Integer) const;                                   \
+  template TDynArray<T> BasicMatrix<T>::column_cells(Integer, Integer, Integer) const;                                \
+  template void BasicMatrix<T>::CopyRowToVec(TVec*, Integer, Integer, Integer) const;                                 \
+  template void BasicMatrix<T>::CopyColToVec(TVec*, Integer, Integer, Integer) const;                                 \
+  template void BasicMatrix<T>::CopyRowToVec(TVec*, Integer, Integer, Integer, Integer) const;                        \
+  template void BasicMatrix<T>::CopyColToVec(TVec*, Integer, Integer, Integer, Integer) const;                        \
+  template void BasicMatrix<T>::CopyRowTo1DArray(TArray, Integer, Integer, Integer, Integer) const;                   \
+  template void BasicMatrix<T>::CopyColTo1DArray(TArray, Integer, Integer, Integer, Integer) const;                   \
+  template Integer BasicMatrix<T>::CopyToArray(TDouble2DArray&, Integer, Integer, Integer, Integer, Integer, Integer) \
+      const;                                                                                                          \
+  template Integer BasicMatrix<T>::CopyToArray(TInt2DArray&, Integer, Integer, Integer, Integer, Integer, Integer)    \
+      const;                                                                                                          \
+  template Integer BasicMatrix<T>::DuplicateDataAsArray(T2DArray&) const;                                             \
+  template void BasicMatrix<T>::AssignTo(TPersistent*) const;
+
+ZOR_INSTANCES(Double)
+
+}  // namespace ZOR_matrix
