@@ -38,11 +38,17 @@ Boolean BasicMatrix<T>::Resize(Integer Nc, Integer Nr) {
 
 template <Cell T>
 void BasicMatrix<T>::replace_cells(T2DArray& made) {
-  Mat.swap(made);
-  FNCol = Length(Mat);
-  FNRow = Length(Mat[0]);
+  set_cells(made);
   Changed();
   Resized();
+}
+
+template <Cell T>
+void BasicMatrix<T>::take_over(T2DArray& made) {
+  const bool resized = made.size() != Mat.size() || made[0].size() != Mat[0].size();
+  set_cells(made);
+  Changed();
+  if (resized) Resized();
 }
 
 template <Cell T>
@@ -133,6 +139,7 @@ TString BasicMatrix<T>::CRCofData() const {
   template const char* BasicMatrix<T>::ClassName() const noexcept;                       \
   template Boolean BasicMatrix<T>::Resize(Integer, Integer);                             \
   template void BasicMatrix<T>::replace_cells(T2DArray&);                                \
+  template void BasicMatrix<T>::take_over(T2DArray&);                                    \
   template Boolean BasicMatrix<T>::ResizeAndClear(Integer, Integer);                     \
   template Integer BasicMatrix<T>::MakeValidColRange(Integer&, Integer&) const noexcept; \
   template Integer BasicMatrix<T>::MakeValidRowRange(Integer&, Integer&) const noexcept; \

@@ -1,12 +1,16 @@
 #pragma once
 
+#include <iosfwd>
 #include <span>
 
 #include "zor/base/ZOR_zorbase.h"
 #include "zor/base/elem_ref.h"
 #include "zor/matrices/ZOR_matrix_fwd.h"
 #include "zor/matrices/columns_edit_scope.h"
+#include "zor/matrices/xml_vocabulary.h"
 #include "zor/runtime/streams.h"
+#include "zor/runtime/text_file.h"
+#include "zor/vectors/vector.h"
 
 /// \file  The body of TMatrix. What holds for all of it stands in ZOR_matrix.h.
 
@@ -21,6 +25,17 @@ using ZOR_vector::TVector;
 
 /// Failures of this unit.
 ZOR_DECLARE_EXCEPTION(EZORMatrixError, EZORError);
+
+/// Results of ExportAsASC and ImportASC; other negative codes of ImportASC are those of ReadHeaderOfASC.
+using ZOR_vector::kBadRowAttribute;   // a row attribute is no number
+using ZOR_vector::kBadValue;          // a cell is no number
+using ZOR_vector::kCannotCreateFile;  // ExportAsASC
+using ZOR_vector::kNoCells;           // no row or no column, or more than the file can hold
+using ZOR_vector::kNoSuchFile;
+/// Results of LoadBinary.
+inline constexpr Integer kNotThisKind = -2;   ///< The head is that of another class, or of a file never finished.
+inline constexpr Integer kFileTooShort = -3;  ///< A size is below 1, or the file lacks cells.
+inline constexpr Integer kUnreadable = -4;    ///< The file is missing or cannot be read.
 
 /// Sender, Row1, Row2, Distance: the handler puts the distance of two rows into Distance, which starts at 0.
 using TOnCalcDistanceEvent = TEvent<TObject*, Integer, Integer, Double&>;
@@ -259,6 +274,81 @@ class ZOR_API BasicMatrix : public TComponent {
   /// @{
   /// @}
 
+  /// \name XML documents
+  /// The vocabulary stands in xml_vocabulary.h. The writers put the cells in storage order, as Precision says; NaN is
+  /// written NAN and read as 0, infinities are 1e999 and read as the largest double. An empty DataID stands, when
+  /// writing, for the property, when reading for the first matrix of the document.
+  /// @{
+  /// Takes one tag of a document: sizes are noted, the first cell resizes to them, each cell is stored through SetVal.
+  /// An attribute that is missing counts as 0. kXmlGoOn, kXmlComplete at the end of the matrix, kXmlBadTag.
+  Integer ProcessXmlTag(TMatXmlTag Tag, const TString& Attr, const TString& Content);
+  /// Reads the matrix with this id and takes over its id, size and cells: OnChange, and OnResize if the size changed.
+  /// Foreign elements before it are passed over whole. False, with nothing changed and no event, if there is none, its
+  /// end or a size is missing, its sizes stand behind a cell or are more than the document can hold, or it has an
+  /// unknown tag; also for a null stream and a file that cannot be read.
+  Boolean LoadFromXMLFile(const TString& FName, const TString& DataID);
+  Boolean ReadFromXMLStream(TStream* InStream, const TString& DataID);
+  /// Reads on behind the end tag of the matrix.
+  Boolean ReadFromOpenXMLFile(TTextFile& XMLFile, const TString& DataID);
+  /// Writes the matrix, with CreateHeader behind the head of a document. What cannot be written raises EInOutError; a
+  /// null stream does nothing.
+  void WriteToOpenXMLFile(TTextFile& XMLFile, Boolean CreateHeader, const TString& DataID) const;
+  void WriteToXMLStream(TStream* OutStream, Boolean CreateHeader, const TString& DataID) const;
+  /// With the head of a document.
+  void SaveAsXMLFile(const TString& FName, const TString& DataID) const;
+  /// @}
+
+  /// \name Text files
+  /// @{
+  /// Writes an ASC text file: comment line (empty: a default text with the file name), counts, flags, one line a row,
+  /// the cells with Precision decimals (0 to 25) and tabs between them; then, if there are any, the further text cells
+  /// CustData[column][row], a block of their own: lines ";custdata", columns, rows, one line a row in quotes. 0, or
+  /// kCannotCreateFile; EInOutError if writing fails later.
+  Integer ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const requires RealCell<T>;
+  Integer ExportAsASC(const TString& FName, Integer Precision, const TString& Comment,
+                      const TStr2DArray& CustData) const requires RealCell<T>;
+  /// Reads an ASC text file, names and row attributes being dropped; "NAN" and "###" give 0. OnChange and OnResize of a
+  /// new size, OnChange for each cell. 0; kBadRowAttribute, kBadValue (the matrix ends with the row that failed);
+  /// kNoSuchFile; kNoCells, also for more cells than the file can hold; or a code of ReadHeaderOfASC. CustData becomes
+  /// empty where the file has none; kBadValue, with all cells read, if its block is damaged.
+  Integer ImportASC(const TString& FName, TString& Comment);
+  Integer ImportASC(const TString& FName, TString& Comment, TStr2DArray& CustData);
+  /// Writes a range as plain text: the line "LoC LoR HiC HiR", then one line a row with blanks between the cells, as
+  /// Precision says. True as soon as the file could be created, also if writing fails later.
+  Boolean StoreOnFile(Integer LoC, Integer LoR, Integer HiC, Integer HiR, const TString& FileName) const;
+  /// Reads the plain form into the cells that it names; with AdjustMatrixSize the matrix is first sized to the last of
+  /// them. False, without values, if that lies beyond the size. Words that are no numbers leave their cell, NAN gives
+  /// 0. OnChange for each cell and once at the end. Raises nothing.
+  Boolean LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize);
+  /// With AutoDetect: the rows are the lines that carry the mark "//dig", their cells the words in front of it;
+  /// AdjustMatrixSize takes the number of columns from the first such line. A file without any mark is read as the
+  /// plain form.
+  Boolean LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize, Boolean AutoDetect) requires RealCell<T>;
+  /// @}
+
+  /// \name Streams and binary files: every bit comes back
+  /// @{
+  /// Writes LoC, LoR, HiC, HiR of a repaired range and its cells, column by column: 8-byte floats, little endian.
+  void SaveToStream(TStream& OutStream, Integer LoC, Integer LoR, Integer HiC, Integer HiR) const;
+  /// A null stream is replaced by a new one, which the caller then owns.
+  void SaveToStream(TMemoryStream*& OutStream, Integer LoC, Integer LoR, Integer HiC, Integer HiR) const;
+  /// A null stream does nothing.
+  void SaveToStream(TFileStream* OutStream, Integer LoC, Integer LoR, Integer HiC, Integer HiR) const;
+  /// Reads the stream form from the current place; OnChange for each cell and once at the end. False for a null stream,
+  /// a range beyond the size, or an early end.
+  Boolean LoadFromStream(TStream* InStream, Boolean AdjustMatrixSize);
+  /// Writes a file of 4096-byte records (record_codec.h), row after row. EInOutError if that fails; such a file is read
+  /// by nobody.
+  void SaveBinary(const TString& FName) const;
+  /// Reads such a file: size, cells and DataID; OnChange, and OnResize if the size changed. 0; with nothing changed,
+  /// kNotThisKind, kFileTooShort or kUnreadable.
+  Integer LoadBinary(const TString& FName);
+  /// Reads the head of a file of records. True if it belongs to this class. False, with all outputs empty, if the file
+  /// does not exist or has no head.
+  Boolean ReadBinaryHeader(const TString& FName, Integer& NrColumns, Integer& NrRows, TString& DataID,
+                           Integer& Format) const;
+  /// @}
+
   /// \name Notifications
   /// @{
   void Changed() { OnChange(this); }
@@ -300,13 +390,27 @@ class ZOR_API BasicMatrix : public TComponent {
     for (TArray& column : Mat) f(std::span<T>(column.data(), column.size()));
   }
 
-  /// Puts other cells in the place of the present ones, and tells OnChange and OnResize.
+  /// Puts other cells in the place of the present ones.
+  void set_cells(T2DArray& made) noexcept {
+    Mat.swap(made);
+    FNCol = Length(Mat);
+    FNRow = Length(Mat[0]);
+  }
+  /// The same told: OnChange, OnResize.
   void replace_cells(T2DArray& made);
   /// Stores a block of columns by rows cells, of which column i begins at column_at(i), both from 0, at (dest_col,
   /// dest_row). Each cell is told if a handler is set; then the block must belong to the caller alone. What lands
   /// outside is dropped.
   template <class ColumnAt>
   void store_block(Int64 columns, Int64 rows, ColumnAt column_at, Int64 dest_col, Int64 dest_row);
+  /// The same told as readers do: OnChange, and OnResize only if the size changed.
+  void take_over(T2DArray& made);
+  Integer import_asc(const TString& FName, TString& Comment, TStr2DArray* CustData);
+  /// Stores the words from next_word in the cells of a row, those that are numbers; ends at an empty word.
+  template <class NextWord>
+  void read_row(Int64 first_col, Int64 last_col, Int64 row, NextWord next_word);
+  /// A cell of a document: the first one resizes.
+  void process_xml_cell(Integer col, Integer row, T value);
   TArray row_cells(Integer Row, Integer FirstCol, Integer LastCol) const;
   TArray column_cells(Integer Col, Integer FirstRow, Integer LastRow) const;
   template <class A>
@@ -319,8 +423,13 @@ class ZOR_API BasicMatrix : public TComponent {
   // Mat[c - 1][r - 1]; all columns have FNRow cells and lie in one block at equal distance.
   T2DArray Mat;
   Integer FNCol = 1, FNRow = 1;
+  Integer FAuxCol = 0, FAuxRow = 0;  // sizes that a document announced
+  Boolean FirstCell = true;          // no cell of the document has come yet
   Integer FPrecis[2] = {15, -1};
   TString FDataID;
 };
+
+/// Prints the cells, cut to 20 rows and to the columns that fit a line.
+ZOR_API std::ostream& operator<<(std::ostream& out, const TMatrix& matrix);
 
 }  // namespace ZOR_matrix

@@ -32,9 +32,7 @@ void BasicMatrix<T>::Assign(const TPersistent* Source) {
       T2DArray made = matrix->Mat;
       SetLength(made, matrix->FNCol, matrix->FNRow);
       TString id = matrix->FDataID;
-      Mat.swap(made);
-      FNCol = matrix->FNCol;
-      FNRow = matrix->FNRow;
+      set_cells(made);
       FDataID = std::move(id);
       std::ranges::copy(matrix->FPrecis, FPrecis);
       OnChange = matrix->OnChange;

@@ -8,28 +8,12 @@
 #include "zor/runtime/text_file.h"
 #include "zor/vectors/run_writer_internal.h"
 #include "zor/vectors/vector.h"
+#include "zor/vectors/write_file_internal.h"
 
 namespace ZOR_vector {
-namespace {
 
+using zor::detail::write_file;
 using ZOR_runtime::TTextFile;
-
-/// Carries out action on a new file. True as soon as the file exists; what happens then is dropped.
-template <class Action>
-bool write_file(const TString& name, Action action) {
-  Boolean created = false;
-  try {
-    TTextFile file(name);
-    file.Rewrite();
-    created = true;
-    action(file);
-    file.Close();
-  } catch (...) {  // a file that is incomplete is the caller's to find out
-  }
-  return created;
-}
-
-}  // namespace
 
 template <Cell T>
 Boolean BasicVector<T>::StoreOnFile(Integer FirstElem, Integer LastElem, Integer Precision,

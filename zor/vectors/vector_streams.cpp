@@ -1,33 +1,12 @@
 #include <algorithm>
 #include <array>
-#include <cmath>
-#include <limits>
 
 #include "zor/base/reader_limits.h"
 #include "zor/base/stream_numbers.h"
-#include "zor/runtime/numbers.h"
+#include "zor/vectors/stream_bound_internal.h"
 #include "zor/vectors/vector.h"
 
 namespace ZOR_vector {
-namespace {
-
-/// An element number from a stream; false if it is none.
-template <class T>
-bool read_number(TStream& stream, Integer& number) {
-  T x{};
-  if (zor::detail::read_numbers(stream, std::span<T>(&x, 1)) != 1) return false;
-  if constexpr (RealCell<T>) {
-    const Double whole = std::nearbyint(x);
-    if (!(whole >= std::numeric_limits<Integer>::min() && whole <= std::numeric_limits<Integer>::max())) return false;
-    number = static_cast<Integer>(whole);
-  } else {
-    number = x;
-  }
-  return true;
-}
-
-}  // namespace
-
 template <Cell T>
 void BasicVector<T>::SaveToStream(TStream& OutStream, Integer LowElem, Integer HighElem) const {
   MakeValidElemRange(LowElem, HighElem);
@@ -50,7 +29,8 @@ void BasicVector<T>::SaveToStream(TFileStream* OutStream, Integer LowElem, Integ
 template <Cell T>
 Boolean BasicVector<T>::LoadFromStream(TStream* InStream, Boolean AdjustVectorSize) {
   Integer lo = 0, hi = 0;
-  if (!InStream || !read_number<T>(*InStream, lo) || !read_number<T>(*InStream, hi)) return false;
+  if (!InStream || !zor::detail::read_bound<T>(*InStream, lo) || !zor::detail::read_bound<T>(*InStream, hi))
+    return false;
   if (AdjustVectorSize) {
     const Int64 remaining = InStream->Size() - InStream->Position();
     if (hi > 0 && !zor::detail::may_allocate(hi, remaining, sizeof(T))) return false;

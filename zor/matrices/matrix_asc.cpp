@@ -1,0 +1,196 @@
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "zor/arrays/walk_internal.h"
+#include "zor/base/asc_codec.h"
+#include "zor/base/reader_limits.h"
+#include "zor/matrices/store_block_internal.h"
+#include "zor/runtime/text.h"
+
+namespace ZOR_matrix {
+namespace {
+
+constexpr std::string_view kCustomMark = ";custdata";
+
+void write_quoted(TTextFile& file, const TString& text) {
+  std::string out = "\"";
+  for (const char c : text.utf8()) {
+    switch (c) {
+      case '\\':
+        out += "\\\\";
+        break;
+      case '"':
+        out += "\\\"";
+        break;
+      case '\n':
+        out += "\\n";
+        break;
+      case '\t':
+        out += "\\t";
+        break;
+      default:
+        out += c;
+    }
+  }
+  file.Write(out + '"');
+}
+
+bool read_quoted(TTextFile& file, TString& text) {
+  file.skip_blanks();
+  if (file.read_byte() != '"') return false;
+  std::string bytes;
+  for (int c = file.read_byte(); c != '"'; c = file.read_byte()) {
+    if (c == '\\') {
+      c = file.read_byte();
+      if (c == 'n') c = '\n';
+      if (c == 't') c = '\t';
+    }
+    if (c < 0) return false;
+    bytes += static_cast<char>(c);
+  }
+  text = bytes;
+  return true;
+}
+
+void write_custom_cells(TTextFile& file, const TStr2DArray& cells) {
+  if (cells.empty() || cells[0].empty()) return;
+  for (const TStrArray& column : cells) {
+    if (column.size() != cells[0].size()) return;
+  }
+  file.WriteLn(kCustomMark);
+  file.WriteInteger(static_cast<Int64>(cells.size()));
+  file.WriteLn("\t;nr. of columns");
+  file.WriteInteger(static_cast<Int64>(cells[0].size()));
+  file.WriteLn("\t;nr. of rows");
+  for (std::size_t r = 0; r < cells[0].size(); ++r) {
+    for (std::size_t c = 0; c < cells.size(); ++c) {
+      if (c > 0) file.Write("\t");
+      write_quoted(file, cells[c][r]);
+    }
+    file.WriteLn();
+  }
+}
+
+// Reads the block behind the rows, if there is one. False if it is damaged.
+bool read_custom_cells(TTextFile& file, TStr2DArray& cells) {
+  std::string_view line;
+  while (file.read_line(line) && zor::detail::strip_blanks(line) != kCustomMark) {
+  }
+  if (file.Eof()) return true;
+  Integer columns = 0, rows = 0;
+  bool good = file.ReadInteger(columns) && file.read_line(line) && file.ReadInteger(rows) && file.read_line(line);
+  constexpr Int64 kSmallestQuoted = 3;  // two quotes and a separator
+  const Int64 count = zor::detail::checked_product(columns, rows);
+  if (!good || count < 1 || count > (file.Remaining() + 1) / kSmallestQuoted) return false;
+  TStr2DArray made;
+  SetLength(made, columns, rows);
+  for (Integer r = 0; r < rows; ++r) {
+    for (Integer c = 0; c < columns; ++c) {
+      if (!read_quoted(file, made[c][r])) return false;
+    }
+  }
+  cells.swap(made);
+  return true;
+}
+
+}  // namespace
+
+template <Cell T>
+Integer BasicMatrix<T>::ExportAsASC(const TString& FName, Integer Precision,
+                                    const TString& Comment) const requires RealCell<T> {
+  return ExportAsASC(FName, Precision, Comment, nullptr);
+}
+
+template <Cell T>
+Integer BasicMatrix<T>::ExportAsASC(const TString& FName, Integer Precision, const TString& Comment,
+                                    const TStr2DArray& CustData) const requires RealCell<T> {
+  TTextFile file(FName);
+  try {
+    file.Rewrite();
+  } catch (const Exception&) {
+    return kCannotCreateFile;
+  }
+  zor::detail::AscHeader header;
+  header.Comment = Comment.empty() ? "Exported by ZOR TMatrix component: " + FName : Comment;
+  header.NrCols = FNCol;
+  header.NrRows = FNRow;
+  zor::detail::write_asc_header(file, header);
+  const Integer decimals = std::clamp(Precision, 0, 25);
+  for (Integer r = 0; r < FNRow; ++r) {
+    for (Integer c = 0; c < FNCol; ++c) {
+      if (c > 0) file.Write("\t");
+      file.WriteFloat(Mat[c][r], 12, decimals);
+    }
+    file.WriteLn();
+  }
+  write_custom_cells(file, CustData);
+  file.Close();
+  return 0;
+}
+
+template <Cell T>
+Integer BasicMatrix<T>::ImportASC(const TString& FName, TString& Comment) {
+  return import_asc(FName, Comment, nullptr);
+}
+
+template <Cell T>
+Integer BasicMatrix<T>::ImportASC(const TString& FName, TString& Comment, TStr2DArray& CustData) {
+  CustData = nullptr;
+  return import_asc(FName, Comment, &CustData);
+}
+
+template <Cell T>
+Integer BasicMatrix<T>::import_asc(const TString& FName, TString& Comment, TStr2DArray* CustData) {
+  using zor::detail::AscCell;
+  if (!ZOR_runtime::FileExists(FName)) return kNoSuchFile;
+  TTextFile file(FName);
+  try {
+    file.Reset();
+  } catch (const EInOutError&) {
+    return zor::detail::kAscUnreadable;
+  }
+  zor::detail::AscHeader header;
+  Integer code = zor::detail::read_asc_header(file, header);
+  Comment = header.Comment;
+  if (code != 0) return code;
+  const Int64 cells = zor::detail::checked_product(header.NrCols, header.NrRows);
+  if (cells == 0 || !zor::detail::may_allocate(cells, file.Remaining() + 1, zor::detail::kSmallestTextCell))
+    return kNoCells;
+
+  if (header.ColNames) zor::detail::skip_asc_column_names(file, header.NrCols);
+  Resize(header.NrCols, header.NrRows);
+  std::vector<T> row(zor::detail::to_size(header.NrCols));
+  Integer reached = 0;
+  while (code == 0 && reached < header.NrRows) {
+    ++reached;
+    code = zor::detail::read_asc_row_head(file, header, nullptr, nullptr);
+    std::size_t read = 0;
+    for (; code == 0 && read < row.size(); ++read) {
+      Double x = 0.0;
+      if (zor::detail::read_asc_cell(file, x) == AscCell::kBad) {
+        code = kBadValue;
+        break;
+      }
+      row[read] = zor::detail::convert_cell<T>(x);
+    }
+    store_block(
+        static_cast<Int64>(read), 1, [&](Int64 i) { return row.data() + i; }, 1, reached);
+  }
+  // The row at which the read failed stays, with old values or 0 from the bad cell on.
+  if (code != 0) Resize(header.NrCols, reached);
+  if (code == 0 && CustData && !read_custom_cells(file, *CustData)) code = kBadValue;
+  file.Close();
+  return code;
+}
+
+#define ZOR_INSTANCES(T)                                                              \
+  template Integer BasicMatrix<T>::ImportASC(const TString&, TString&);               \
+  template Integer BasicMatrix<T>::ImportASC(const TString&, TString&, TStr2DArray&); \
+  template Integer BasicMatrix<T>::import_asc(const TString&, TString&, TStr2DArray*);
+
+ZOR_INSTANCES(Double)
+template Integer BasicMatrix<Double>::ExportAsASC(const TString&, Integer, const TString&) const;
+template Integer BasicMatrix<Double>::ExportAsASC(const TString&, Integer, const TString&, const TStr2DArray&) const;
+
+}  // namespace ZOR_matrix
