@@ -6,6 +6,7 @@
 
 #include "zor/base/asc_codec.h"
 #include "zor/base/record_codec.h"
+#include "zor/matrices/ZOR_matrix.h"
 #include "zor/scalar/ZOR_math1.h"
 #include "zor/vectors/ZOR_vector.h"
 
@@ -113,6 +114,30 @@ void write_number_text(const std::string& folder) {
              "dd/mmm/yy\n1/juin/49 29/f\u00E9v/50 30/f\u00E9v/24 1/jui/24");
 }
 
+void write_matrices(const std::string& folder) {
+  ZOR_matrix::TMatrix m;
+  m.Resize(3, 2);
+  m.FillSerial(-1.5, 0.25);
+  m.SetDataID("a<b");
+  const std::string scratch = folder + "scratch";
+  TMemoryStream written;
+  const auto keep = [&](const char* name, char form) {
+    written.LoadFromFile(scratch);
+    write_form(folder + name, form, written);
+  };
+  m.SaveAsXMLFile(scratch, ""), keep("xml", 0);
+  m.SaveBinary(scratch), keep("records", 3);
+  m.ExportAsASC(scratch, 3, "seed", {{"a", "b\t"}, {"\"", ""}}), keep("asc", 4);
+  m.StoreOnFile(2, 1, 3, 2, scratch), keep("plain", 5);
+  std::filesystem::remove(scratch);
+  TMemoryStream stream;
+  m.SaveToStream(static_cast<TStream&>(stream), 2, 1, 3, 2), write_form(folder + "stream", 1, stream);
+  write_text(folder + "marked", "\x06head\n1.5 2 //dig\nx //dig\n2 3 4 //dig 9\n");
+  write_text(folder + "foreign_xml",
+             "\x08<?p?><!-- <matrix> --><a><matrix id='no'/></a><matrix id = 'x'><numrows> 2</numrows><numcols>1 "
+             "</numcols><cell iy='2' ix='1'> 7.5\n</cell><cell ix=\"1\" iy=\"1\">4</cell></matrix>");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -121,7 +146,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::string root = std::string(argv[1]) + "/";
-  for (const char* target : {"asc", "tags", "record_file", "text_file", "vector", "number_text"})
+  for (const char* target : {"asc", "tags", "record_file", "text_file", "vector", "matrix", "number_text"})
     std::filesystem::create_directories(root + target);
 
   write_asc(root + "asc/vector", {"one column", 1, 4, false, false, false, false}, 4);
@@ -146,5 +171,6 @@ int main(int argc, char** argv) {
   write_text(root + "text_file/lines", "\x02\0\6\nfirst\r\nsecond\rx\n\xFF\xC3\0last"sv);
   write_vectors(root + "vector/");
   write_number_text(root + "number_text/");
+  write_matrices(root + "matrix/");
   return 0;
 }
