@@ -50,6 +50,22 @@ inline constexpr Integer kBadElementRange = -4;  ///< CopyFromArray from one dim
 inline constexpr Integer kBadArrayPlace = -4;    ///< CopyToArray: the place in the array.
 inline constexpr Integer kBadPlace = -5;         ///< The place in this matrix.
 
+/// Results of CalcDistMat.
+inline constexpr Integer kNotSquare = -1;          ///< The matrix of distances is null or not square.
+inline constexpr Integer kOtherNumberOfRows = -2;  ///< It has not as many columns as there are rows.
+/// Results of EdgeVector.
+inline constexpr Integer kNoDestination = -1;  ///< Null vector.
+inline constexpr Integer kBadIndex = -2;       ///< An index of the list is outside.
+/// Results of Diff.
+inline constexpr Integer kBadOrder = -1;     ///< Not 1 to 10.
+inline constexpr Integer kTooFewCells = -2;  ///< Not more cells than the order.
+/// Results of ResampleExtMat.
+inline constexpr Integer kBadColumnShare = -1;   ///< Percentage of the columns.
+inline constexpr Integer kBadRowShare = -2;      ///< Percentage of the rows.
+inline constexpr Integer kNoSourceMatrix = -3;   ///< Null matrix.
+inline constexpr Integer kTooManyDistinct = -4;  ///< Distinct numbers out of more than a million.
+inline constexpr Integer kNoIndexArray = -5;     ///< An index array without storage.
+
 template <Cell T>
 class ZOR_API BasicMatrix : public TComponent {
  public:
@@ -270,8 +286,135 @@ class ZOR_API BasicMatrix : public TComponent {
   /// @{
   /// @}
 
-  /// \name Statistics
+  /// \name Statistics of a range; no event
+  /// NaN is never extreme and never counted.
   /// @{
+  /// Sum of the cells, column after column from the top.
+  Double Sum(Integer LoC, Integer LoR, Integer HiC, Integer HiR) const requires RealCell<T>;
+  /// Mean S / n and sample variance (Q - S * S / n) / (n - 1), from one pass with sums carried in twice the precision.
+  /// The variance is 1.0 below three cells, exactly 0.0 for equal cells, never negative.
+  void MeanVar(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean,
+               Double& Variance) const requires RealCell<T>;
+  /// Smallest and largest cell. The search starts from uc_MaxReal and -uc_MaxReal, which stay if all cells are NaN.
+  void MinMax(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Minimum,
+              Double& Maximum) const requires RealCell<T>;
+  /// exp of the mean logarithm; 0.0 if a cell is 0. Throws EZORMatrixError for a negative cell.
+  Double GeometricMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const requires RealCell<T>;
+  /// n / sum of 1 / x. Throws EZORMatrixError for a cell of 0 or below.
+  Double HarmonicMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const requires RealCell<T>;
+  /// Skewness and excess kurtosis with the standard deviation of n - 1 in the denominator; 0.0 for one cell. Unlike
+  /// those of a vector they have no floor of four values. Equal cells give the sums of powers as they stand.
+  void SkewKurt(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Skewness,
+                Double& Kurtosis) const requires RealCell<T>;
+  /// The same corrected to a sample; 0.0 below four cells.
+  void SkewKurtSample(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Skewness,
+                      Double& Kurtosis) const requires RealCell<T>;
+  /// Quartiles, interpolated at position (n + 1) p of the sorted cells. True. Throws EZORMatrixError "not enough memory
+  /// on heap".
+  Boolean Quartiles(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Q1, Double& Q2,
+                    Double& Q3) const requires RealCell<T>;
+  /// The cell of rank Round(prob * n / 100), ties to even, at most n - 1, of the ascending order counted from 0; prob
+  /// is moved into 0 to 100, NaN gives NaN. Nothing is interpolated: Percentile(50) of 1, 2, 3, 4 is 3, of three cells
+  /// it is the largest. NaN cells count as largest. Throws EZORMatrixError "not enough memory on heap".
+  Double Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol,
+                    Integer HighRow) const requires RealCell<T>;
+  /// An estimate of it from SampleSize cells drawn with replacement, after reseeding the runtime's generator from the
+  /// clock; 0.0 without selection where the percentile falls among the zeros of the sample. The exact percentile for a
+  /// SampleSize below 1 or not below the number of cells.
+  Double Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
+                    Integer SampleSize) const requires RealCell<T>;
+  /// Number of cells with RangeLow <= x <= RangeHigh.
+  Integer CountValues(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double RangeLow,
+                      Double RangeHigh) const requires RealCell<T>;
+  /// Counts the cells in bins as TVector::Histogram does. False, with nothing touched, for more than 500 bins, a
+  /// BinWidth not above 0, or limits not finite.
+  Boolean Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
+                    Double BinWidth, TIntArray& Histo, Integer& Underflow, Integer& Overflow,
+                    Integer& MaxCnt) const requires RealCell<T>;
+  Boolean Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
+                    Double BinWidth, TIntVector* Histo, Integer& Underflow, Integer& Overflow,
+                    Integer& MaxCnt) const requires RealCell<T>;
+  /// @}
+
+  /// \name Statistics of the whole matrix; no event
+  /// @{
+  /// ResultArray becomes as large as the matrix, with true for each cell above Threshold. The number of these.
+  Integer Dichotomize(Double Threshold, TBool2DArray& ResultArray) const requires RealCell<T>;
+  /// Gives Means the mean of each column (dimCols) or of each row (dimRows), summed in order. Null: nothing.
+  void MeanVec(TDims Dim, TVector* Means) const requires RealCell<T>;
+  /// Correlation coefficient of Pearson over all cells as one sample, from sums in twice the precision; 0.0 below three
+  /// cells and for cells that are all equal. Throws EZORMatrixError for another size or null.
+  Double Correlate(const BasicMatrix* OtherMat) const requires RealCell<T>;
+  /// @}
+
+  /// \name Scaling of columns and rows
+  /// Each vector that is not null gets one element for each column or row, the value used for it; the same vector given
+  /// twice holds the later values. One OnChange. Mean and variance are those of MeanVar: below three cells the variance
+  /// is 1.0, so that two rows are centred, not scaled.
+  /// @{
+  /// x - mean.
+  void MeanCenterColumns(TVector* Means) requires RealCell<T>;
+  void MeanCenterRows(TVector* Means) requires RealCell<T>;
+  /// (x - mean) / sqrt(variance) where the variance is above 0; equal cells stay. StdDevs gets sqrt(variance).
+  void StandardizeColumns(TVector* Means, TVector* StdDevs) requires RealCell<T>;
+  void StandardizeRows(TVector* Means, TVector* StdDevs) requires RealCell<T>;
+  /// (x - Percentile(50)) / diff, with diff = |Percentile(50) - Percentile(RefQuant)|, where that is above 0; else x
+  /// stays. The percentiles are those of the matrix, without interpolation.
+  void QNormalizeColumns(Double RefQuant, TVector* Medians, TVector* QuantDiffs) requires RealCell<T>;
+  void QNormalizeRows(Double RefQuant, TVector* Medians, TVector* QuantDiffs) requires RealCell<T>;
+  /// @}
+
+  /// \name Distances and projections; no event of this matrix
+  /// @{
+  /// Distance of two objects, which are rows; a row outside counts as zeros.
+  ///
+  /// | Mode | Result |
+  /// |---|---|
+  /// | dmTanimoto | Sxy / (Sxx + Syy - Sxy), a similarity: 1.0 for identical rows, also of zeros |
+  /// | dmManhattan | sum of abs(x - y) |
+  /// | dmEuclid | square root of the next one |
+  /// | dmEuclidSqr | sum of (x - y)^2 |
+  /// | dmDice | 2 Sxy / (Sxx + Syy), a similarity |
+  /// | dmUserDef | what OnCalcDistance leaves; 0.0 without a handler |
+  Double DistanceOfObjects(TDistMode Mode, Integer obj1, Integer obj2) const requires RealCell<T>;
+  /// Stores the distances of all pairs of rows in DMat, which must have as many columns and rows; its diagonal becomes
+  /// 0.0, also for similarities. DMat tells no event and may be this matrix. 0; kNotSquare, also for null;
+  /// kOtherNumberOfRows, which wins. On a code nothing is written.
+  Integer CalcDistMat(TDistMode Mode, BasicMatrix* DMat) const requires RealCell<T>;
+  /// Projects the matrix on an edge: one result for each row (orHorizontal), over the columns listed in EdgeIx, or for
+  /// each column (orVertical), over the rows listed; an empty list means all. eoMean divides by the full number of
+  /// columns or rows, whatever the list; eoStdDev is 0.0 below three cells, from sums in twice the precision; eoMin and
+  /// eoMax start from uc_MaxDouble and -uc_MaxDouble. Dest gets as many elements, each stored with SetVal. 0;
+  /// kBadIndex, with the bad indices skipped; kNoDestination.
+  Integer EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx,
+                     TVector* Dest) const requires RealCell<T>;
+  void EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, TVector* Dest) const requires RealCell<T> {
+    EdgeVector(Orient, EdgeOp, TIntArray(), Dest);
+  }
+  /// @}
+
+  /// \name Order, differences, samples
+  /// @{
+  /// Comb sort of the rows of a range by the cells of column SortColIx, which move along also where they lie outside of
+  /// the range. OnSortExchange(2, row, row, LowCol, HighCol) after each exchange, OnChange once at the end. Not stable;
+  /// a NaN key never moves. A column that does not exist, or a range of one row: nothing.
+  void SortRows(Integer SortColIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol,
+                Integer HighRow) requires RealCell<T>;
+  /// The same for columns by the cells of row SortRowIx; OnSortExchange(1, column, column, LowRow, HighRow).
+  void SortCols(Integer SortRowIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol,
+                Integer HighRow) requires RealCell<T>;
+  /// Differences of neighbours, x[i + 1] - x[i], taken Order times (1 to 10) down each column (acrColumns) or along
+  /// each row (acrRows), which become shorter by Order. OnChange, OnResize, OnChange, OnResize. 0; kBadOrder;
+  /// kTooFewCells.
+  Integer Diff(Integer Order, TApplyColRow Mode) requires RealCell<T>;
+  /// Becomes a random part of SrcMat with colpct percent of its columns, distinct, in order if they are all, and rowpct
+  /// percent of its rows, in random order: distinct, or with BootStrap drawn with replacement. RndColIx and RndRowIx,
+  /// which must have storage, get the numbers drawn. Resize, then each cell through SetVal, OnChange, OnResize. SrcMat
+  /// may be this matrix. 0; kNoSourceMatrix; kNoIndexArray; the last of kBadColumnShare and kBadRowShare (no column or
+  /// row left, above 100 % without BootStrap, NaN); kTooManyDistinct. On a code nothing is touched.
+  /// \warning Distinct numbers come from FillRandomUniform, see there: they are no fair sample.
+  Integer ResampleExtMat(const BasicMatrix* SrcMat, Double colpct, Double rowpct, Boolean BootStrap,
+                         TIntArray& RndColIx, TIntArray& RndRowIx) requires RealCell<T>;
   /// @}
 
   /// \name XML documents
@@ -389,6 +532,20 @@ class ZOR_API BasicMatrix : public TComponent {
   void for_columns(F f) {
     for (TArray& column : Mat) f(std::span<T>(column.data(), column.size()));
   }
+
+  /// The columns as raw cells.
+  TDynArray<const T*> column_pointers() const;
+  /// Private copy of a range, column after column. Throws EZORMatrixError "not enough memory on heap".
+  TArray copy_of_range(Bounds cols, Bounds rows) const;
+  /// Centres and scales each column or row by what rule(cells) gives, and tells the two vectors what it was.
+  template <class Rule>
+  void scale_columns(TVector* centers, TVector* scales, Rule&& rule);
+  template <class Rule>
+  void scale_rows(TVector* centers, TVector* scales, Rule&& rule);
+  template <class Key, class Exchange, class Apply>
+  void sort_lines(Bounds lines, Boolean ascending, Key key, Exchange exchange, Apply apply);
+  /// Exchanges two cells if both exist.
+  void exchange_cells(Integer c1, Integer r1, Integer c2, Integer r2) noexcept;
 
   /// Puts other cells in the place of the present ones.
   void set_cells(T2DArray& made) noexcept {

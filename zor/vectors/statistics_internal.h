@@ -67,6 +67,15 @@ inline SkewKurt sample_skew_kurt(double n, const SkewKurt& of) noexcept {
               3.0 * (n - 1.0) * (n - 1.0) / (n - 2.0) / (n - 3.0)};
 }
 
+/// Correlation coefficient of Pearson; 0.0 where one of the quantities does not vary.
+inline double correlation(const kernels::PairMoments& m) noexcept {
+  if (m.sxx <= 0.0 || m.syy <= 0.0 || m.cxx == 0.0 || m.cyy == 0.0) return 0.0;
+  const double product = std::abs(m.cxx * m.cyy);
+  // Of very large or small deviations only the product leaves the range of a double.
+  if (!std::isnormal(product)) return m.cxy / std::sqrt(std::abs(m.cxx)) / std::sqrt(std::abs(m.cyy));
+  return m.cxy / std::sqrt(product);
+}
+
 /// The bins [first + b width, + width), the last of which begins at `last`, and what they count.
 template <class T>
 class BinCounter {

@@ -243,12 +243,7 @@ Double BasicVector<T>::PearsonCorrCoeff(const BasicVector* OtherVec) const {
       kernels::accumulate(sums, x, std::span<const Double>(other.data(), x.size()));
     });
   }
-  const kernels::PairMoments m = kernels::pair_moments(sums);
-  if (m.sxx <= 0.0 || m.syy <= 0.0 || m.cxx == 0.0 || m.cyy == 0.0) return 0.0;
-  const Double product = std::abs(m.cxx * m.cyy);
-  // Of very large or small deviations only the product leaves the range of a double.
-  if (!std::isnormal(product)) return m.cxy / std::sqrt(std::abs(m.cxx)) / std::sqrt(std::abs(m.cyy));
-  return m.cxy / std::sqrt(product);
+  return zor::detail::correlation(kernels::pair_moments(sums));
 }
 
 template <Cell T>

@@ -1,0 +1,138 @@
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "zor/kernels/selection.h"
+#include "zor/matrices/heap_guard_internal.h"
+#include "zor/matrices/matrix.h"
+#include "zor/matrices/percentile_internal.h"
+#include "zor/runtime/random.h"
+#include "zor/vectors/statistics_internal.h"
+
+namespace ZOR_matrix {
+
+template <Cell T>
+auto BasicMatrix<T>::copy_of_range(Bounds cols, Bounds rows) const -> TArray {
+  return zor::detail::heap_guard(*this, [&] {
+    TArray work;
+    zor::detail::set_length_unset(work, cols.size() * rows.size());
+    auto to = work.begin();
+    for_columns(cols, rows, [&](std::span<const T> column) { to = std::copy(column.begin(), column.end(), to); });
+    return work;
+  });
+}
+
+template <Cell T>
+Boolean BasicMatrix<T>::Quartiles(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Q1,
+                                  Double& Q2, Double& Q3) const requires RealCell<T> {
+  Q1 = Q2 = Q3 = 0.0;
+  TArray work = copy_of_range(columns(LowCol, HighCol), rows(LowRow, HighRow));
+  const std::array<Double, 3> q = zor::detail::quartiles(std::span<T>(work));
+  Q1 = q[0];
+  Q2 = q[1];
+  Q3 = q[2];
+  return true;
+}
+
+template <Cell T>
+Double BasicMatrix<T>::Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol,
+                                  Integer HighRow) const requires RealCell<T> {
+  if (std::isnan(prob)) return prob;
+  TArray work = copy_of_range(columns(LowCol, HighCol), rows(LowRow, HighRow));
+  return zor::detail::nearest_percentile(std::span<T>(work), prob);
+}
+
+template <Cell T>
+Double BasicMatrix<T>::Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
+                                  Integer SampleSize) const requires RealCell<T> {
+  const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
+  const std::size_t n = cols.size() * within.size();
+  if (std::isnan(prob) || SampleSize < 1 || static_cast<std::size_t>(SampleSize) >= n)
+    return Percentile(prob, cols.lo, within.lo, cols.hi, within.hi);
+  ZOR_runtime::Randomize();
+  TArray sample = zor::detail::heap_guard(*this, [&] {
+    TArray drawn;
+    SetLength(drawn, SampleSize);
+    return drawn;
+  });
+  Integer zeros = 0, negatives = 0;
+  for (T& x : sample) {
+    const Integer col = cols.lo - 1 + ZOR_runtime::Random(cols.hi - cols.lo + 1);
+    const Integer row = within.lo - 1 + ZOR_runtime::Random(within.hi - within.lo + 1);
+    x = Mat[col][row];
+    zeros += x == 0;
+    negatives += x < 0;
+  }
+  const Double p = std::clamp(prob, 0.0, 100.0) / 100.0, size = SampleSize;
+  if (p > negatives / size && (zeros + negatives) / size > p) return 0.0;
+  return zor::detail::nearest_percentile(std::span<T>(sample), prob);
+}
+
+template <Cell T>
+Integer BasicMatrix<T>::CountValues(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double RangeLow,
+                                    Double RangeHigh) const requires RealCell<T> {
+  std::size_t count = 0;
+  for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow), [&](std::span<const T> column) {
+    for (const T x : column) count += static_cast<std::size_t>((RangeLow <= x) & (x <= RangeHigh));
+  });
+  return zor::detail::to_integer(count);
+}
+
+template <Cell T>
+Boolean BasicMatrix<T>::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
+                                  Double BinWidth, TIntArray& Histo, Integer& Underflow, Integer& Overflow,
+                                  Integer& MaxCnt) const requires RealCell<T> {
+  zor::detail::BinCounter<Double> bins(FirstBin, LastBin, BinWidth, ZOR_vector::kMaxBins);
+  if (!bins.valid()) return false;
+  bins.start(Histo);
+  for_columns(columns(LoX, HiX), rows(LoY, HiY), [&](std::span<const T> column) {
+    for (const T x : column) bins.put(x);
+  });
+  Underflow = bins.underflow;
+  Overflow = bins.overflow;
+  MaxCnt = bins.largest;
+  return true;
+}
+
+template <Cell T>
+Boolean BasicMatrix<T>::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
+                                  Double BinWidth, TIntVector* Histo, Integer& Underflow, Integer& Overflow,
+                                  Integer& MaxCnt) const requires RealCell<T> {
+  TIntArray counts;
+  if (!Histo || !Histogram(LoX, LoY, HiX, HiY, FirstBin, LastBin, BinWidth, counts, Underflow, Overflow, MaxCnt)) {
+    return false;
+  }
+  Histo->SetNrOfElem(Length(counts));
+  const auto edit = Histo->Edit();
+  std::copy_n(counts.begin(), std::min(counts.size(), edit.cells().size()), edit.begin());
+  return true;
+}
+
+template <Cell T>
+Integer BasicMatrix<T>::Dichotomize(Double Threshold, TBool2DArray& ResultArray) const requires RealCell<T> {
+  TBool2DArray above;
+  SetLength(above, FNCol, FNRow);
+  std::size_t count = 0;
+  for (Integer c = 0; c < FNCol; ++c) {
+    for (Integer r = 0; r < FNRow; ++r) {
+      const Boolean is_above = Mat[c][r] > Threshold;
+      above[c][r] = is_above;
+      count += is_above;
+    }
+  }
+  ResultArray.swap(above);
+  return zor::detail::to_integer(count);
+}
+
+template auto BasicMatrix<Double>::copy_of_range(Bounds, Bounds) const -> TArray;
+template Boolean BasicMatrix<Double>::Quartiles(Integer, Integer, Integer, Integer, Double&, Double&, Double&) const;
+template Double BasicMatrix<Double>::Percentile(Double, Integer, Integer, Integer, Integer) const;
+template Double BasicMatrix<Double>::Percentile(Double, Integer, Integer, Integer, Integer, Integer) const;
+template Integer BasicMatrix<Double>::CountValues(Integer, Integer, Integer, Integer, Double, Double) const;
+template Boolean BasicMatrix<Double>::Histogram(Integer, Integer, Integer, Integer, Double, Double, Double, TIntArray&,
+                                                Integer&, Integer&, Integer&) const;
+template Boolean BasicMatrix<Double>::Histogram(Integer, Integer, Integer, Integer, Double, Double, Double, TIntVector*,
+                                                Integer&, Integer&, Integer&) const;
+template Integer BasicMatrix<Double>::Dichotomize(Double, TBool2DArray&) const;
+
+}  // namespace ZOR_matrix

@@ -1,0 +1,133 @@
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+#include "zor/kernels/comb_sort.h"
+#include "zor/matrices/matrix.h"
+
+namespace ZOR_matrix {
+namespace {
+
+namespace kernels = zor::kernels;
+
+/// A key and the place from which it came.
+template <class T>
+struct Entry {
+  T key;
+  std::uint32_t from;
+};
+
+/// Comb sort of the entries from gap n - 1 on, as the sort of the lines themselves would go.
+template <class T>
+void sort_entries(std::vector<Entry<T>>& entries, Boolean ascending) {
+  const auto sort = [&](auto out_of_order) {
+    kernels::comb_sort_with(
+        entries.size(), entries.size() - 1,
+        [&](std::size_t i, std::size_t j) { return out_of_order(entries[i].key, entries[j].key); },
+        [&](std::size_t i, std::size_t j) { std::swap(entries[i], entries[j]); }, [] {});
+  };
+  if (ascending) {
+    sort([](T a, T b) { return a > b; });
+  } else {
+    sort([](T a, T b) { return b > a; });
+  }
+}
+
+}  // namespace
+
+template <Cell T>
+void BasicMatrix<T>::exchange_cells(Integer c1, Integer r1, Integer c2, Integer r2) noexcept {
+  if (c1 <= FNCol && c2 <= FNCol && r1 <= FNRow && r2 <= FNRow) std::swap(Mat[c1 - 1][r1 - 1], Mat[c2 - 1][r2 - 1]);
+}
+
+// Without a handler keys are sorted first, then apply(entries) moves each line once. A handler sees each exchange; it
+// may resize the matrix, and a line that is gone is in order.
+template <Cell T>
+template <class Key, class Exchange, class Apply>
+void BasicMatrix<T>::sort_lines(Bounds lines, Boolean ascending, Key key, Exchange exchange, Apply apply) {
+  const std::size_t n = lines.size();
+  const auto line = [lines](std::size_t i) { return lines.lo + static_cast<Integer>(i); };
+  if (!OnSortExchange) {
+    std::vector<Entry<T>> entries(n);
+    for (std::size_t i = 0; i < n; ++i) entries[i] = {*key(line(i)), static_cast<std::uint32_t>(i)};
+    sort_entries(entries, ascending);
+    apply(entries);
+  } else {
+    kernels::comb_sort_with(
+        n, n - 1,
+        [&](std::size_t i, std::size_t j) {
+          const T *a = key(line(i)), *b = key(line(j));
+          return a && b && (ascending ? *a > *b : *b > *a);
+        },
+        [&](std::size_t i, std::size_t j) { exchange(line(i), line(j)); }, [] {});
+  }
+  Changed();
+}
+
+template <Cell T>
+void BasicMatrix<T>::SortRows(Integer SortColIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol,
+                              Integer HighRow) requires RealCell<T> {
+  const Bounds cols = columns(LowCol, HighCol), lines = rows(LowRow, HighRow);
+  if (SortColIx < 1 || SortColIx > FNCol || lines.lo == lines.hi) return;
+  const Boolean outside = SortColIx < cols.lo || SortColIx > cols.hi;
+  const auto key = [&](Integer row) -> const T* {
+    const std::span<const T> column = Column(SortColIx);
+    return row <= zor::detail::to_integer(column.size()) ? &column[static_cast<std::size_t>(row - 1)] : nullptr;
+  };
+  const auto exchange = [&](Integer r1, Integer r2) {
+    for (Integer c = cols.lo; c <= cols.hi; ++c) exchange_cells(c, r1, c, r2);
+    if (outside) exchange_cells(SortColIx, r1, SortColIx, r2);
+    SortExchange(2, r1, r2, cols.lo, cols.hi);
+  };
+  const auto apply = [&](const std::vector<Entry<T>>& entries) {
+    std::vector<T> sorted(entries.size());
+    const auto reorder = [&](std::span<T> cells) {
+      for (std::size_t i = 0; i < sorted.size(); ++i) sorted[i] = cells[entries[i].from];
+      std::copy(sorted.begin(), sorted.end(), cells.begin());
+    };
+    for_columns(cols, lines, reorder);
+    if (outside) for_columns({SortColIx, SortColIx}, lines, reorder);
+  };
+  sort_lines(lines, Ascending, key, exchange, apply);
+}
+
+template <Cell T>
+void BasicMatrix<T>::SortCols(Integer SortRowIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol,
+                              Integer HighRow) requires RealCell<T> {
+  const Bounds lines = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
+  if (SortRowIx < 1 || SortRowIx > FNRow || lines.lo == lines.hi) return;
+  const Boolean outside = SortRowIx < within.lo || SortRowIx > within.hi;
+  const auto key = [&](Integer col) -> const T* {
+    const std::span<const T> column = Column(col);
+    return SortRowIx <= zor::detail::to_integer(column.size()) ? &column[static_cast<std::size_t>(SortRowIx - 1)]
+                                                               : nullptr;
+  };
+  const auto exchange = [&](Integer c1, Integer c2) {
+    for (Integer r = within.lo; r <= within.hi; ++r) exchange_cells(c1, r, c2, r);
+    if (outside) exchange_cells(c1, SortRowIx, c2, SortRowIx);
+    SortExchange(1, c1, c2, within.lo, within.hi);
+  };
+  const auto apply = [&](const std::vector<Entry<T>>& entries) {
+    const auto reorder = [&](Bounds cells) {
+      std::vector<T> sorted;
+      sorted.reserve(entries.size() * cells.size());
+      for (const Entry<T>& entry : entries) {
+        const Integer from = lines.lo + static_cast<Integer>(entry.from);
+        for_columns({from, from}, cells,
+                    [&](std::span<T> column) { sorted.insert(sorted.end(), column.begin(), column.end()); });
+      }
+      auto next = sorted.begin();
+      for_columns(lines, cells, [&](std::span<T> column) {
+        for (T& cell : column) cell = *next++;
+      });
+    };
+    reorder(within);
+    if (outside) reorder({SortRowIx, SortRowIx});
+  };
+  sort_lines(lines, Ascending, key, exchange, apply);
+}
+
+template void BasicMatrix<Double>::SortRows(Integer, Boolean, Integer, Integer, Integer, Integer);
+template void BasicMatrix<Double>::SortCols(Integer, Boolean, Integer, Integer, Integer, Integer);
+
+}  // namespace ZOR_matrix
