@@ -100,6 +100,14 @@ TEST(GeneralEigen, VectorsSolveTheEquation) {
   }
 }
 
+TEST(GeneralEigen, BalancesOnlyWhereThatDoesNotSpoilTheVectors) {
+  const Matrix a = {{4e-39, -1e-64}, {3e15, -3e18}};
+  const Eigen e = eigen_of(a);
+  ASSERT_EQ(e.state, EigenState::found);
+  EXPECT_LT(residual(a, e), 30.0);
+  EXPECT_NEAR(e.vectors(1, e.values[0] > -1 ? 0 : 1) / e.vectors(0, e.values[0] > -1 ? 0 : 1), 1e-3, 1e-18);
+}
+
 TEST(GeneralEigen, TakesEveryKindOfSymmetricMatrixToo) {
   for (const Kind& kind : kinds()) {
     for (const std::size_t n : {1u, 2u, 5u, 16u, 33u}) {

@@ -103,6 +103,7 @@ inline const std::vector<Kind>& kinds() {
       {"subnormal", [](auto, auto, double x) { return x * 1e-310; }},
       {"huge", [](auto, auto, double x) { return x * 1e307; }},
       {"tiny beside one", [](auto r, auto c, double x) { return (r + c) % 3 == 0 ? 1.0 : x * 1e-162; }},
+      {"every size", [](auto, auto, double x) { return std::ldexp(x, static_cast<int>(std::fmod(x * 1e9, 1000.0))); }},
       {"integers", [](auto, auto, double x) { return std::round(3 * x); }},
       {"triangular", [](auto r, auto c, double x) { return r > c ? 0.0 : x; }},
   };

@@ -22,10 +22,9 @@ inline constexpr Integer kNoConvergence = -4;  ///< The iteration has not come t
 /// of A. A pair of complex eigenvalues that rounding errors could have made of two equal real ones counts as these; a
 /// matrix that lacks vectors (as ((1, 1), (0, 1)) does) gets nearly equal ones for equal values.
 ///
-/// Vectors and Values may be anything, columns of A included; A keeps its cells unless Vectors is A. Results: 0;
-/// kEmptyArray if A is empty or not square; kNotSymmetric; kComplexValues; kNoConvergence. On a negative code nothing
-/// is touched. Method: zor/kernels eigen_symmetric, eigen_general; Martin, Reinsch, Wilkinson, Householder's
-/// tridiagonalization of a symmetric matrix, 1968; Francis, The QR transformation, 1961.
+/// Vectors may be A, and Values a column of A or of Vectors. Results: 0; kEmptyArray if A is empty or not square;
+/// kNotSymmetric; kComplexValues; kNoConvergence. On a negative code nothing is touched. Methods: Martin, Reinsch,
+/// Wilkinson, Householder's tridiagonalization of a symmetric matrix, 1968; Francis, The QR transformation, 1961.
 ///
 ///     TDouble2DArray vectors;  TDoubleArray values;
 ///     EigenDecomposition({{2, 1}, {1, 2}}, true, vectors, values);   // values = {3, 1}

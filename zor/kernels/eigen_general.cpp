@@ -56,7 +56,26 @@ void isolate(Square& m, std::size_t* exchanges) {
   }
 }
 
-/// Makes the sizes of row i and column i alike by powers of 2, which go to `scale`: a similarity without rounding.
+/// Euclidean norm of the part that is not triangular.
+double norm_of(const Square& m) {
+  double squares = 0.0;
+  for (std::size_t c = m.first; c <= m.last; ++c) squares += dot_in_eight(m.a[c] + m.first, m.a[c] + m.first, m.rows());
+  return std::sqrt(squares);
+}
+
+/// The similarity that multiplies column i by factor and divides row i by it, a power of 2: nothing is rounded.
+void scale_line(const Square& m, std::size_t i, double factor) {
+  for (std::size_t k = 0; k < m.n; ++k) {
+    if (k == i) continue;
+    m(i, k) /= factor;
+    m(k, i) *= factor;
+  }
+}
+
+/// Makes the sizes of row i and column i alike by powers of 2, which go to `scale`. The diagonal counts: cells that are
+/// small beside it need no scaling (James, Langou, Lowery, On matrix balancing and eigenvector computation, 2014).
+/// Vectors are scaled back in the end, and the errors of their components with them: where the norm does not fall as
+/// the scales grow, all is taken back.
 void balance(const Square& m, double* scale) {
   constexpr int kMaxPasses = 20, kMaxExponent = 100;
   const auto exponent_of = [](double x) {
@@ -64,6 +83,8 @@ void balance(const Square& m, double* scale) {
     static_cast<void>(std::frexp(x, &exponent));
     return exponent;
   };
+  const Square whole{m.a, m.n};
+  const double norm = norm_of(whole);
   std::fill_n(scale, m.n, 1.0);
   bool changed = true;
   for (int pass = 0; changed && pass < kMaxPasses; ++pass) {
@@ -71,7 +92,6 @@ void balance(const Square& m, double* scale) {
     for (std::size_t i = m.first; i <= m.last; ++i) {
       double row = 0.0, column = 0.0;
       for (std::size_t k = m.first; k <= m.last; ++k) {
-        if (k == i) continue;
         row += std::abs(m(i, k));
         column += std::abs(m(k, i));
       }
@@ -80,16 +100,15 @@ void balance(const Square& m, double* scale) {
       const int shift =
           std::clamp((exponent_of(row) - exponent_of(column)) / 2, -kMaxExponent - so_far, kMaxExponent - so_far);
       if (shift == 0) continue;
-      const double up = std::ldexp(1.0, shift), down = std::ldexp(1.0, -shift);
-      scale[i] *= up;
-      for (std::size_t k = 0; k < m.n; ++k) {
-        if (k == i) continue;
-        m(i, k) *= down;
-        m(k, i) *= up;
-      }
+      const double factor = std::ldexp(1.0, shift);
+      scale[i] *= factor;
+      scale_line(m, i, factor);
       changed = true;
     }
   }
+  const auto [least, most] = std::minmax_element(scale + m.first, scale + m.last + 1);
+  if (*most / *least <= 64.0 * norm / norm_of(whole)) return;
+  for (std::size_t i = m.first; i <= m.last; ++i) scale_line(m, i, 1.0 / std::exchange(scale[i], 1.0));
 }
 
 /// Makes the cells below the first subdiagonal 0; z gets the product of the reflections that do it. tau has n cells.
@@ -116,12 +135,7 @@ void reduce_to_hessenberg(const Square& m, double* const* z, double* tau) {
 /// Works on a Hessenberg matrix until it is triangular; z takes part in all similarities.
 class TriangularForm {
  public:
-  TriangularForm(const Square& m, double* const* z) : m_(m), z_(z) {
-    double squares = 0.0;
-    for (std::size_t c = m.first; c <= m.last; ++c)
-      squares += dot_in_eight(m.a[c] + m.first, m.a[c] + m.first, m.rows());
-    norm_ = std::sqrt(squares);
-  }
+  TriangularForm(const Square& m, double* const* z) : m_(m), z_(z), norm_(norm_of(m)) {}
 
   double norm() const { return norm_; }
 
@@ -148,9 +162,8 @@ class TriangularForm {
   std::size_t split(std::size_t end) const {
     std::size_t l = end;
     for (; l > m_.first; --l) {
-      double size = std::abs(m_(l - 1, l - 1)) + std::abs(m_(l, l));
-      if (size == 0.0) size = norm_;
-      if (std::abs(m_(l, l - 1)) <= kEpsilon * size) break;
+      const double size = std::abs(m_(l - 1, l - 1)) + std::abs(m_(l, l));
+      if (std::abs(m_(l, l - 1)) <= kEpsilon * size + 0x1p-75 * norm_) break;
     }
     if (l > m_.first) m_(l, l - 1) = 0.0;
     return l;
