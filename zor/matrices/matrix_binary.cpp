@@ -1,9 +1,11 @@
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "zor/base/record_codec.h"
 #include "zor/matrices/heap_guard_internal.h"
 #include "zor/matrices/matrix.h"
+#include "zor/matrices/transpose_block_internal.h"
 #include "zor/runtime/text.h"
 
 namespace ZOR_matrix {
@@ -16,19 +18,10 @@ using zor::detail::RecordHead;
 template <class T>
 constexpr Integer kFormat = RealCell<T> ? zor::detail::kDoubleCells : zor::detail::kIntegerCells;
 
-/// Rows that are taken from the columns at a time: enough to fill whole cache lines, few enough to stay in the cache.
+/// Rows that are turned at a time: enough of each column to be worth going there, few enough to stay in the cache.
 std::size_t rows_in_turn(std::size_t columns) {
-  constexpr std::size_t kCells = std::size_t{1} << 15;
-  return std::clamp<std::size_t>(kCells / columns, 1, 512);
-}
-
-/// Calls move(column, row, cells) for squares of the block of rows, whose cells lie row after row in `block`.
-template <class Move>
-void for_tiles(std::size_t columns, std::size_t rows, Move move) {
-  constexpr std::size_t kSide = 8;
-  for (std::size_t c = 0; c < columns; c += kSide) {
-    for (std::size_t r = 0; r < rows; r += kSide) move(c, std::min(c + kSide, columns), r, std::min(r + kSide, rows));
-  }
+  constexpr std::size_t kCells = std::size_t{1} << 18;
+  return std::clamp<std::size_t>(kCells / columns, 8, 64);
 }
 
 }  // namespace
@@ -45,12 +38,9 @@ void BasicMatrix<T>::SaveBinary(const TString& FName) const {
   std::vector<T> block(columns * std::min(step, rows));
   for (std::size_t first = 0; first < rows; first += step) {
     const std::size_t n = std::min(step, rows - first);
-    for_tiles(columns, n, [&](std::size_t c, std::size_t c_end, std::size_t top, std::size_t bottom) {
-      for (; c < c_end; ++c) {
-        const T* column = Mat[c].data() + first;
-        for (std::size_t r = top; r < bottom; ++r) block[r * columns + c] = column[r];
-      }
-    });
+    zor::detail::transpose_block(
+        columns, n, [&](std::size_t c) { return std::as_const(Mat)[c].data() + first; },
+        [&](std::size_t r) { return block.data() + r * columns; });
     writer.write(std::span<const T>(block.data(), n * columns));
   }
   writer.finish();
@@ -76,12 +66,9 @@ Integer BasicMatrix<T>::LoadBinary(const TString& FName) {
     for (std::size_t first = 0; first < rows; first += step) {
       const std::size_t n = std::min(step, rows - first);
       reader.read(std::span<T>(block.data(), n * columns));
-      for_tiles(columns, n, [&](std::size_t c, std::size_t c_end, std::size_t top, std::size_t bottom) {
-        for (; c < c_end; ++c) {
-          T* column = made[c].data() + first;
-          for (std::size_t r = top; r < bottom; ++r) column[r] = block[r * columns + c];
-        }
-      });
+      zor::detail::transpose_block(
+          n, columns, [&](std::size_t r) { return std::as_const(block).data() + r * columns; },
+          [&](std::size_t c) { return made[c].data() + first; });
     }
   } catch (const EInOutError&) {
     return kUnreadable;
