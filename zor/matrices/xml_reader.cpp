@@ -1,3 +1,4 @@
+#include <cstring>
 #include <limits>
 
 #include "zor/matrices/xml_reader_internal.h"
@@ -61,13 +62,10 @@ std::u16string_view without_leading_blanks(std::u16string_view text) {
 }
 
 bool take(std::string_view& text, std::string_view start) {
-  if (!text.starts_with(start)) return false;
+  if (text.size() < start.size() || std::memcmp(text.data(), start.data(), start.size()) != 0) return false;
   text.remove_prefix(start.size());
   return true;
 }
-
-// Longest cell element that is looked at as a whole; longer ones go through the tag reader.
-constexpr std::size_t kLongestPlainCell = 160;
 
 }  // namespace
 
@@ -118,7 +116,6 @@ XmlMatrixReader::XmlMatrixReader(TTextFile& file, std::span<const std::string_vi
   for (const std::string_view name : index_names) {
     prefixes_.push_back((prefixes_.empty() ? "<cell " : "\" ") + std::string(name) + "=\"");
   }
-  buffer_.reserve(kLongestPlainCell + 1);
 }
 
 bool XmlMatrixReader::find(const TString& wanted, TString& id) {
@@ -139,14 +136,14 @@ TMatXmlTag XmlMatrixReader::next(TString& attributes, TString& content) {
 bool XmlMatrixReader::next_plain_cell(std::span<Integer> indices, std::string_view& text) {
   file_.skip_blanks();
   const auto start = file_.Position();
-  buffer_.clear();
-  for (int ends = 0; ends < 2 && buffer_.size() < kLongestPlainCell;) {
+  std::size_t size = 0;
+  for (int ends = 0; ends < 2 && size < kLongestPlainCell;) {
     const int c = file_.read_byte();
     if (c < 0) break;
-    buffer_ += static_cast<char>(c);
+    buffer_[size++] = static_cast<char>(c);
     ends += c == '>';
   }
-  text = buffer_;
+  text = std::string_view(buffer_.data(), size);
   bool plain = true;
   for (std::size_t i = 0; plain && i < indices.size(); ++i) {
     plain = take(text, prefixes_[i]);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <span>
 #include <string>
@@ -50,7 +51,9 @@ class XmlMatrixReader {
   std::vector<std::string> prefixes_;
   std::vector<ZOR_runtime::TString> tags_;
   TagReader reader_;
-  std::string buffer_;
+  /// Longest cell element that is looked at as a whole; longer ones go through the tag reader.
+  static constexpr std::size_t kLongestPlainCell = 160;
+  std::array<char, kLongestPlainCell> buffer_;
 };
 
 }  // namespace zor::detail
