@@ -17,5 +17,6 @@
 #include "zor/scalar/ZOR_math1.h"
 #include "zor/scalar/ZOR_sline.h"
 #include "zor/transforms/ZOR_fourier.h"
+#include "zor/transforms/ZOR_wavelet.h"
 #include "zor/vectors/ZOR_vector.h"
 #include "zor/version.h"
