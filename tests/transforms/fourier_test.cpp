@@ -2,11 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <complex>
 #include <cstdint>
 #include <numbers>
+#include <random>
 #include <utility>
 #include <vector>
 
@@ -71,6 +73,12 @@ std::vector<double> noise(std::size_t n) {
   return cells;
 }
 
+std::vector<double> random_cells(std::size_t n, std::mt19937_64& bits) {
+  std::vector<double> cells(n);
+  for (double& x : cells) x = static_cast<double>(bits() >> 11) * 0x1p-52 - 1.0;
+  return cells;
+}
+
 void fill(TFastFourier& f, const std::vector<double>& cells) {
   f.SetSpectrumSize(static_cast<Integer>(cells.size() / 2));
   auto edit = f.Edit();
@@ -126,6 +134,56 @@ TEST(FourierTransform, AgreesWithTheSumInLongDouble) {
   }
   f.InverseTransform();
   for (std::size_t i = 0; i < 2 * n; ++i) EXPECT_NEAR(f.Cells()[i], cells[i], 1e-15);
+}
+
+/// The transform of cells, computed by the class.
+std::vector<double> transformed(const std::vector<double>& cells) {
+  TFastFourier f;
+  fill(f, cells);
+  f.DoFFT(1);
+  return {f.Cells().begin(), f.Cells().end()};
+}
+
+double largest_difference(const std::vector<double>& a, const std::vector<double>& b) {
+  double largest = 0.0;
+  for (std::size_t i = 0; i < a.size(); ++i) largest = std::max(largest, std::abs(a[i] - b[i]));
+  return largest;
+}
+
+TEST(FourierTransform, IsLinearAndTurnsImpulsesAndShiftsIntoPhases) {
+  std::mt19937_64 bits(3);
+  for (int round = 0; round < 60; ++round) {
+    const std::size_t n = std::size_t{1} << (bits() % 13);
+    const double tolerance = 4e-15 * static_cast<double>(n);
+    const auto x = random_cells(2 * n, bits), y = random_cells(2 * n, bits);
+    const double factor = random_cells(1, bits)[0];
+    // The factors exp(2 pi i k s / n) of a shift by s, from a reference in long double.
+    const std::size_t s = bits() % n;
+    std::vector<double> sum(2 * n), shifted(2 * n), impulse(2 * n), phases(2 * n);
+    for (std::size_t i = 0; i < 2 * n; ++i) {
+      sum[i] = x[i] + factor * y[i];
+      shifted[(i + 2 * s) % (2 * n)] = x[i];
+    }
+    impulse[2 * s] = 1.0;
+    for (std::size_t k = 0; k < n; ++k) {
+      const long double angle =
+          2 * std::numbers::pi_v<long double> * static_cast<long double>(k * s % n) / static_cast<long double>(n);
+      phases[2 * k] = static_cast<double>(std::cos(angle));
+      phases[2 * k + 1] = static_cast<double>(std::sin(angle));
+    }
+    const auto of_x = transformed(x), of_y = transformed(y);
+    std::vector<double> expected_sum(2 * n), expected_shift(2 * n);
+    for (std::size_t k = 0; k < 2 * n; k += 2) {
+      const std::complex<double> line(of_x[k], of_x[k + 1]), turned = line * std::complex(phases[k], phases[k + 1]);
+      expected_sum[k] = of_x[k] + factor * of_y[k];
+      expected_sum[k + 1] = of_x[k + 1] + factor * of_y[k + 1];
+      expected_shift[k] = turned.real();
+      expected_shift[k + 1] = turned.imag();
+    }
+    EXPECT_LE(largest_difference(transformed(sum), expected_sum), tolerance) << n;
+    EXPECT_LE(largest_difference(transformed(shifted), expected_shift), tolerance) << n << ' ' << s;
+    EXPECT_LE(largest_difference(transformed(impulse), phases), 1e-14) << n << ' ' << s;
+  }
 }
 
 TEST(FourierTransform, OfOneSampleIsTheSample) {

@@ -215,8 +215,13 @@ Double TFastFourier::GetFSerCos(Integer n) const noexcept {
 Double TFastFourier::RMS(Integer FirstIx, Integer LastIx) const noexcept {
   Integer first = std::clamp(FirstIx, 0, FNumData / 2), last = std::clamp(LastIx, 0, FNumData / 2);
   if (first > last) std::swap(first, last);
-  Double sum = 0.0;
-  for (Integer line = first; line <= last; ++line) sum += energy(line);
+  Double sum = first == 0 ? energy(0) : 0.0;
+  const Double* const x = FData.data();
+  const auto n = static_cast<std::size_t>(FNumData), end = static_cast<std::size_t>(last);
+  for (auto k = static_cast<std::size_t>(std::max(first, 1)); k <= end; ++k) {
+    const Double *const own = x + 2 * k, *const mirror = x + 2 * (n - k);
+    sum += own[0] * own[0] + own[1] * own[1] + mirror[0] * mirror[0] + mirror[1] * mirror[1];
+  }
   return std::sqrt(sum) / FNumData;
 }
 
@@ -242,18 +247,24 @@ void TFastFourier::CalcMaxValues() noexcept {
     min_re = re < min_re ? re : min_re;
     min_im = im < min_im ? im : min_im;
   }
-  Double power = 0.0, magnitude = 0.0;
-  for (Integer k = 1; k <= FNumData / 2; ++k) {
-    const Double e = energy(k), m = GetMagnitude(k);
-    if (k < FNumData / 2 && e > power) power = e;
-    if (m > magnitude) magnitude = m;
+  // Of line k and its mirror: the largest energy of the lines between the ends, and the largest square of N times the
+  // magnitude, whose root is the root of the largest.
+  Double power = 0.0, square = 0.0;
+  const auto lines = static_cast<std::size_t>(FNumData / 2), n = static_cast<std::size_t>(FNumData);
+  for (std::size_t k = 1; k <= lines; ++k) {
+    const Double *const x = data + 2 * k, *const m = data + 2 * (n - k);
+    const Double re = x[0] + m[0], im = x[1] - m[1];
+    const Double energy = x[0] * x[0] + x[1] * x[1] + m[0] * m[0] + m[1] * m[1];
+    if (k < lines && energy > power) power = energy;
+    const Double length = re * re + im * im;
+    if (length > square) square = length;
   }
   FMaxReal = max_re;
   FMaxImag = max_im;
   FMinReal = min_re;
   FMinImag = min_im;
   FMaxPower = power / FNumData;
-  FMaxMagni = magnitude;
+  FMaxMagni = std::sqrt(square) / FNumData;
 }
 
 std::ostream& operator<<(std::ostream& out, const TFastFourier& f) {
