@@ -72,8 +72,7 @@ Double mean_of(const A& a, const Box<N>& box) {
       a);
   std::size_t n = 1;
   for (const std::size_t length : box.count) n *= length;
-  // The quotient of the pair, rounded once: 0 - sum * -1 / n.
-  return kernels::centered({}, sum, {-1.0, 0.0}, n);
+  return kernels::mean_of_sum(sum, n);
 }
 
 template <class A, std::size_t N>

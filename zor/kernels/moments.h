@@ -78,6 +78,9 @@ ZOR_API DoubleDouble dot_twofold(std::span<const double> x, std::span<const doub
 /// a - b c / n, evaluated on pairs and rounded once: a sum of squares or products less its mean part. Needs n > 0.
 ZOR_API double centered(DoubleDouble a, DoubleDouble b, DoubleDouble c, std::size_t n) noexcept;
 
+/// sum / n, rounded once. Needs n > 0.
+inline double mean_of_sum(DoubleDouble sum, std::size_t n) noexcept { return centered({}, sum, {-1.0, 0.0}, n); }
+
 /// Sums over pairs of cells. May be fed run by run.
 struct PairSums {
   MomentSums x;
