@@ -137,6 +137,30 @@ TYPED_TEST(CombSort, PassTellsWhetherAnythingWasExchanged) {
   });
 }
 
+using CombSortPairs = CombSort<double>;
+
+TEST_F(CombSortPairs, CompanionsGoWithTheirKeys) {
+  for_all({0, 1, 2, 3, 5, 17, 40, 100, 997, 4099}, [](const std::vector<double>& x, bool ascending) {
+    if (x.empty()) return;
+    using Pair = std::pair<double, std::int64_t>;
+    std::vector<Pair> plain;
+    std::vector<double> keys = x, sorted;
+    std::vector<std::int64_t> companions, expected;
+    for (const double key : x)
+      companions.push_back(static_cast<std::int64_t>(plain.size())), plain.emplace_back(key, companions.back());
+    const std::size_t passes = comb_sort_with(
+        x.size(), x.size() - 1,
+        [&](std::size_t i, std::size_t j) {
+          return ascending ? plain[i].first > plain[j].first : plain[i].first < plain[j].first;
+        },
+        [&](std::size_t i, std::size_t j) { std::swap(plain[i], plain[j]); }, [] {});
+    for (const Pair& p : plain) sorted.push_back(p.first), expected.push_back(p.second);
+    EXPECT_EQ(comb_sort_pairs(keys, companions, x.size() - 1, ascending), passes) << x.size();
+    EXPECT_TRUE(same_bits(keys, sorted)) << x.size();
+    EXPECT_EQ(companions, expected) << x.size();
+  });
+}
+
 TEST(CombSortPasses, OfSortedInputAreTheLengthOfTheGapSequence) {
   const std::pair<std::size_t, std::size_t> known[] = {{0, 0},  {1, 0},  {2, 1},    {3, 2},     {4, 3},       {8, 5},
                                                        {10, 5}, {11, 6}, {100, 13}, {1000, 22}, {1000000, 49}};

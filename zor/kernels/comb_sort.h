@@ -36,6 +36,10 @@ ZOR_API std::size_t comb_sort(std::span<double> cells, std::size_t start_gap, bo
 ZOR_API std::size_t comb_sort(std::span<float> cells, std::size_t start_gap, bool ascending) noexcept;
 ZOR_API std::size_t comb_sort(std::span<std::int32_t> cells, std::size_t start_gap, bool ascending) noexcept;
 
+/// Sorts the keys and makes each exchange in `companions`, of the same length, too.
+ZOR_API std::size_t comb_sort_pairs(std::span<double> keys, std::span<std::int64_t> companions, std::size_t start_gap,
+                                    bool ascending) noexcept;
+
 /// One pass with the given gap (at least 1); returns whether anything was exchanged.
 ZOR_API bool comb_pass(std::span<double> cells, std::size_t gap, bool ascending) noexcept;
 ZOR_API bool comb_pass(std::span<float> cells, std::size_t gap, bool ascending) noexcept;

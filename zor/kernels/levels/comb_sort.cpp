@@ -62,9 +62,82 @@ template <bool up, class T>
   return up ? a > b : a < b;
 }
 
-// Compares and exchanges x[i - gap] and x[i] for from <= i < to.
+template <class T, int lanes>
+struct Register {
+  typedef T Type __attribute__((vector_size(lanes * sizeof(T)), aligned(alignof(T)), may_alias));
+};
+template <class T>
+struct Register<T, 1> {
+  typedef T Type;
+};
+
+// A run of cells as the passes see it: values of one cell (lanes = 1) or of a block, and compare and exchange of two.
+template <class T>
+struct Keys {
+  typedef T Cell;
+  template <int lanes>
+  using Block = typename Register<T, lanes>::Type;
+
+  T* x;
+
+  Keys operator+(Index i) const { return {x + i}; }
+  template <int lanes>
+  Block<lanes> load() const {
+    return *reinterpret_cast<const Block<lanes>*>(x);
+  }
+  template <int lanes>
+  void store(Block<lanes> v) const {
+    *reinterpret_cast<Block<lanes>*>(x) = v;
+  }
+  template <bool up, class V>
+  [[gnu::always_inline]] static void order(V& a, V& b) {
+    const V first = a, second = b;
+    a = lower<up>(first, second);
+    b = upper<up>(first, second);
+  }
+};
+
+inline std::int64_t mask(bool b) { return -std::int64_t{b}; }
+template <class M>
+inline M mask(M m) {
+  return m;
+}
+
+// Keys that take a companion along.
+struct KeysAndCompanions {
+  typedef double Cell;
+  template <int lanes>
+  struct Block {
+    typename Register<double, lanes>::Type key;
+    typename Register<std::int64_t, lanes>::Type companion;
+  };
+
+  double* key;
+  std::int64_t* companion;
+
+  KeysAndCompanions operator+(Index i) const { return {key + i, companion + i}; }
+  template <int lanes>
+  Block<lanes> load() const {
+    return {Keys<double>{key}.load<lanes>(), Keys<std::int64_t>{companion}.load<lanes>()};
+  }
+  template <int lanes>
+  void store(Block<lanes> v) const {
+    Keys<double>{key}.store<lanes>(v.key);
+    Keys<std::int64_t>{companion}.store<lanes>(v.companion);
+  }
+  template <bool up, class B>
+  [[gnu::always_inline]] static void order(B& a, B& b) {
+    const auto change = (a.companion ^ b.companion) & mask(up ? a.key > b.key : a.key < b.key);
+    a.companion ^= change;
+    b.companion ^= change;
+    Keys<double>::order<up>(a.key, b.key);
+  }
+};
+
+// Compares and exchanges the cells i - gap and i for from <= i < to.
 template <bool up, class T>
-bool plain_pass(T* x, Index gap, Index from, Index to) {
+bool plain_pass(Keys<T> run, Index gap, Index from, Index to) {
+  T* const x = run.x;
   bool moved = false;
   for (Index i = from; i < to; ++i) {
     const T a = x[i - gap], b = x[i];
@@ -74,18 +147,26 @@ bool plain_pass(T* x, Index gap, Index from, Index to) {
   }
   return moved;
 }
-
-template <class T, int lanes>
-struct Register {
-  typedef T Type __attribute__((vector_size(lanes * sizeof(T)), aligned(alignof(T)), may_alias));
-};
+template <bool up>
+bool plain_pass(KeysAndCompanions run, Index gap, Index from, Index to) {
+  bool moved = false;
+  for (Index i = from; i < to; ++i) {
+    const KeysAndCompanions p = run + (i - gap), q = run + i;
+    auto a = p.load<1>(), b = q.load<1>();
+    moved |= out_of_order<up>(a.key, b.key);
+    run.order<up>(a, b);
+    p.store<1>(a);
+    q.store<1>(b);
+  }
+  return moved;
+}
 
 constexpr Index kLongestChain = 12;  // more passes at once touch too many places of the cache
 
 // The passes with gaps[0 .. count), all of them at least lanes * registers, in one sweep.
-template <bool up, int lanes, int registers, class T>
-void chain(T* x, Index n, const std::size_t* gaps, Index count) {
-  typedef typename Register<T, lanes>::Type V;
+template <bool up, int lanes, int registers, class Run>
+void chain(Run x, Index n, const std::size_t* gaps, Index count) {
+  typedef typename Run::template Block<lanes> Block;
   constexpr Index block = lanes * registers;
   Index gap[kLongestChain], offset[kLongestChain + 1];  // pass k is at top - offset[k] with its upper block
   offset[0] = 0;
@@ -102,19 +183,20 @@ void chain(T* x, Index n, const std::size_t* gaps, Index count) {
     while (last < count && top - offset[last + 1] >= 0) ++last;
     if (first > 0) clipped(first - 1, top - offset[first - 1]);
     if (first < last) {
-      T* p = x + (top - offset[first]);
-      V moving[registers];
-      for (int r = 0; r < registers; ++r) moving[r] = *reinterpret_cast<const V*>(p + r * lanes);
+      Run p = x + (top - offset[first]);
+      Block moving[registers];
+      for (int r = 0; r < registers; ++r) moving[r] = (p + r * lanes).template load<lanes>();
       for (Index k = first; k < last; ++k) {
-        T* const q = p - gap[k];
+        const Run q = p + -gap[k];
         for (int r = 0; r < registers; ++r) {
-          const V a = *reinterpret_cast<const V*>(q + r * lanes);
-          *reinterpret_cast<V*>(p + r * lanes) = upper<up>(a, moving[r]);
-          moving[r] = lower<up>(a, moving[r]);
+          Block low = (q + r * lanes).template load<lanes>();
+          Run::template order<up>(low, moving[r]);
+          (p + r * lanes).template store<lanes>(moving[r]);
+          moving[r] = low;
         }
         p = q;
       }
-      for (int r = 0; r < registers; ++r) *reinterpret_cast<V*>(p + r * lanes) = moving[r];
+      for (int r = 0; r < registers; ++r) (p + r * lanes).template store<lanes>(moving[r]);
     }
     if (last < count && last != first - 1) clipped(last, top - offset[last]);
   }
@@ -159,11 +241,11 @@ struct Bubble {
   void step(T* x, Index n, Index top) {
     if constexpr (with_3_and_2) {
       for (Index g = 3; g > 1; top -= g--) {
-        if (top < n && top >= g) plain_pass<up>(x, g, top, top + 1);
+        if (top < n && top >= g) plain_pass<up>(Keys<T>{x}, g, top, top + 1);
       }
     }
     for (int k = 0; k < kPasses; ++k, top -= 2) {
-      if (top < n && top >= 1) moved[k] |= plain_pass<up>(x, 1, top, top + 1);
+      if (top < n && top >= 1) moved[k] |= plain_pass<up>(Keys<T>{x}, 1, top, top + 1);
     }
   }
 
@@ -226,9 +308,10 @@ struct Bubble {
   }
 };
 
-template <bool up, class T>
-std::size_t sort(T* cells, std::size_t size, const std::size_t* gaps, std::size_t count) {
-  constexpr int lanes = ZOR_VECTOR_BYTES / sizeof(T);
+// The passes with gaps above 3; returns how many gaps are done, those too large for any pair included.
+template <bool up, class Run>
+std::size_t wide_passes(Run cells, std::size_t size, const std::size_t* gaps, std::size_t count) {
+  constexpr int lanes = ZOR_VECTOR_BYTES / sizeof(typename Run::Cell);
   constexpr int narrow = lanes < 4 ? lanes : 4;
   const Index n = static_cast<Index>(size);
   std::size_t k = 0;
@@ -246,13 +329,37 @@ std::size_t sort(T* cells, std::size_t size, const std::size_t* gaps, std::size_
       chain<up, narrow, 1>(cells, n, gaps + k, passes);
     k = end;
   }
+  return k;
+}
+
+template <bool up, class T>
+std::size_t sort(T* cells, std::size_t size, const std::size_t* gaps, std::size_t count) {
+  const Index n = static_cast<Index>(size);
+  std::size_t k = wide_passes<up>(Keys<T>{cells}, size, gaps, count);
   for (; count - k != 3 && k + 1 < count; ++k)
-    plain_pass<up>(cells, static_cast<Index>(gaps[k]), static_cast<Index>(gaps[k]), n);
+    plain_pass<up>(Keys<T>{cells}, static_cast<Index>(gaps[k]), static_cast<Index>(gaps[k]), n);
   constexpr std::size_t at_once = Bubble<up, false, T>::kPasses;
   std::size_t passes = count - 1;
   std::size_t more = count - k == 3 ? Bubble<up, true, T>::run(cells, n) : Bubble<up, false, T>::run(cells, n);
   for (; more > at_once; more = Bubble<up, false, T>::run(cells, n)) passes += at_once;
   return passes + more;
+}
+
+template <bool up>
+std::size_t sort_pairs(KeysAndCompanions cells, std::size_t size, const std::size_t* gaps, std::size_t count) {
+  const Index n = static_cast<Index>(size);
+  std::size_t k = wide_passes<up>(cells, size, gaps, count);
+  for (; k + 1 < count; ++k) plain_pass<up>(cells, static_cast<Index>(gaps[k]), static_cast<Index>(gaps[k]), n);
+  std::size_t passes = count;
+  for (; plain_pass<up>(cells, 1, 1, n); ++passes) {
+  }
+  return passes;
+}
+
+std::size_t sort_pairs_either(double* keys, std::int64_t* companions, std::size_t n, const std::size_t* gaps,
+                              std::size_t count, bool ascending) {
+  const KeysAndCompanions cells{keys, companions};
+  return ascending ? sort_pairs<true>(cells, n, gaps, count) : sort_pairs<false>(cells, n, gaps, count);
 }
 
 template <class T>
@@ -275,7 +382,7 @@ bool pass(T* x, Index n, Index gap) {
     *q = upper<up>(a, b);
     changed |= (Mask)low ^ (Mask)a;
   }
-  bool moved = plain_pass<up>(x, gap, i, n);
+  bool moved = plain_pass<up>(Keys<T>{x}, gap, i, n);
   for (int j = 0; j < lanes; ++j) moved |= changed[j] != 0;
   return moved;
 }
@@ -291,6 +398,7 @@ bool pass_either(T* x, std::size_t n, std::size_t gap, bool ascending) {
 extern const CombSortTable comb_sort_table;
 const CombSortTable comb_sort_table = {{sort_either<double>, pass_either<double>},
                                        {sort_either<float>, pass_either<float>},
-                                       {sort_either<std::int32_t>, pass_either<std::int32_t>}};
+                                       {sort_either<std::int32_t>, pass_either<std::int32_t>},
+                                       sort_pairs_either};
 
 }  // namespace zor::kernels::ZOR_LEVEL

@@ -18,6 +18,8 @@ struct CombSortTable {
   CombSortLoops<double> of_double;
   CombSortLoops<float> of_float;
   CombSortLoops<std::int32_t> of_int32;
+  std::size_t (*sort_pairs)(double* keys, std::int64_t* companions, std::size_t n, const std::size_t* gaps,
+                            std::size_t count, bool ascending);
 };
 
 }  // namespace zor::kernels
