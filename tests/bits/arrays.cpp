@@ -29,4 +29,21 @@ ZOR_BITS(arrays) {
   bits::print("mean absolute deviation", mean);
   MeanArray(plane, 3, 4, 30, 50, mean);
   bits::print("mean of a range", mean);
+  TIntArray ix, histogram;
+  res = TDoubleArray(x.begin(), x.end());
+  SortArray(false, res, ix);
+  bits::print("sorted", res);
+  bits::print("where they stood", std::vector<double>(ix.begin(), ix.end()));
+  bits::print("percentile", PercentileArray(33.0, a));
+  Integer below = 0, above = 0, most = 0;
+  FrequDistOfArray(a, 0, 0, -0.9, 0.8, 0.1, histogram, below, above, most);
+  bits::print("frequencies", std::vector<double>(histogram.begin(), histogram.end()));
+  TDouble2DArray pair = {TDoubleArray(x.begin(), x.end()), TDoubleArray(y.begin(), y.end())};
+  bits::print("correlation", PearsonCorrCoeffColsOfArray(pair, 0, 1));
+  TDoubleArray means = {0};
+  MeanCenterColumnsOfArray(pair, means);
+  NormalizeRows(pair);
+  NormalizeColumns(pair);
+  bits::print("means of columns", means);
+  bits::print("normalised column", pair[1]);
 }
