@@ -1,5 +1,6 @@
 #include <Eigen/Core>
 
+#include "bench/arrays/flat.h"
 #include "bench/pair.h"
 #include "zor/arrays/ZOR_openarrays.h"
 
@@ -34,11 +35,11 @@ ZOR_BENCH_PAIR(
     CloneArray, planes,
     [](Planes& p) {
       CloneArray(p.a, p.res);
-      return p.res[p.res.size() - 1][0];
+      return [&p] { return flat(p.res); };
     },
     [](Planes& p) {
       p.y = p.x;
-      return p.y(0, p.y.cols() - 1);
+      return [&p] { return flat(p.y); };
     },
     bench::equal)
     .against("Eigen")
@@ -48,12 +49,12 @@ ZOR_BENCH_PAIR(
     CloneArrayToInteger, planes,
     [](Planes& p) {
       CloneArray(p.line, p.whole);
-      return p.whole[p.whole.size() - 1];
+      return [&p] { return flat(p.whole); };
     },
     [](Planes& p) {
       SetLength(p.whole, Length(p.line));
       for (std::size_t i = 0; i < p.line.size(); ++i) p.whole[i] = static_cast<Integer>(std::rint(p.line[i]));
-      return p.whole[p.whole.size() - 1];
+      return [&p] { return flat(p.whole); };
     },
     bench::equal)
     .against("rint, without limits")
@@ -64,12 +65,12 @@ ZOR_BENCH_PAIR(
     [](Planes& p) {
       const Integer half = Length(p.a) / 2;
       CopyArray(p.a, 0, 0, half - 1, half - 1, half, half, p.res);
-      return p.res[2 * half - 1][2 * half - 1];
+      return [&p] { return flat(p.res); };
     },
     [](Planes& p) {
       const Eigen::Index half = p.x.cols() / 2;
       p.y.block(half, half, half, half) = p.x.block(0, 0, half, half);
-      return p.y(2 * half - 1, 2 * half - 1);
+      return [&p] { return flat(p.y); };
     },
     bench::equal)
     .against("Eigen")

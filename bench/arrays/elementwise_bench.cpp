@@ -1,5 +1,7 @@
 #include <Eigen/Core>
+#include <utility>
 
+#include "bench/arrays/flat.h"
 #include "bench/pair.h"
 #include "zor/arrays/ZOR_openarrays.h"
 
@@ -43,37 +45,30 @@ Planes planes(std::size_t n) {
   return d;
 }
 
-double last(const TDoubleArray& a) { return a[a.size() - 1]; }
-double last(const TDouble2DArray& a) { return last(a[a.size() - 1]); }
-template <class E>
-double last(const Eigen::DenseBase<E>& z) {
-  return z(z.rows() - 1, z.cols() - 1);
-}
-
 constexpr auto add = [](auto& d) {
   AddArrays(d.a, d.b, d.res);
-  return last(d.res);
+  return [&d] { return flat(d.res); };
 };
 constexpr auto peer_add = [](auto& d) {
   d.z = d.x + d.y;
-  return last(d.z);
+  return [&d] { return flat(d.z); };
 };
 constexpr auto add_fresh = [](auto& d) {
   std::remove_reference_t<decltype(d.res)> res;
   AddArrays(d.a, d.b, res);
-  return last(res);
+  return [res = std::move(res)] { return flat(res); };
 };
 constexpr auto peer_add_fresh = [](auto& d) {
-  const std::remove_reference_t<decltype(d.z)> z = d.x + d.y;
-  return last(z);
+  std::remove_reference_t<decltype(d.z)> z = d.x + d.y;
+  return [z = std::move(z)] { return flat(z); };
 };
 constexpr auto scale = [](auto& d) {
   MultiplyArrayByScalar(d.a, 1.5, d.res);
-  return last(d.res);
+  return [&d] { return flat(d.res); };
 };
 constexpr auto peer_scale = [](auto& d) {
   d.z = d.x * 1.5;
-  return last(d.z);
+  return [&d] { return flat(d.z); };
 };
 constexpr auto square = [](std::size_t n) { return static_cast<double>(n * n); };
 

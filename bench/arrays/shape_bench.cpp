@@ -1,5 +1,6 @@
 #include <Eigen/Core>
 
+#include "bench/arrays/flat.h"
 #include "bench/pair.h"
 #include "zor/arrays/ZOR_openarrays.h"
 
@@ -24,25 +25,18 @@ Plane plane(std::size_t n) {
   return p;
 }
 
-/// Cells that tell whether columns and rows stand where they should.
-std::vector<double> corner(const TDouble2DArray& a) {
-  return {a[0][0], a[0][a[0].size() - 1], a[a.size() - 1][0], a[a.size() / 2][a.size() / 3]};
-}
-std::vector<double> corner(const Eigen::MatrixXd& x) {
-  return {x(0, 0), x(x.rows() - 1, 0), x(0, x.cols() - 1), x(x.rows() / 3, x.cols() / 2)};
-}
 constexpr auto square = [](std::size_t n) { return static_cast<double>(n * n); };
 
 ZOR_BENCH_PAIR(
     TransposeArray, plane,
     [](Plane& p) {
       TransposeArray(p.a);
-      return corner(p.a);
+      return [&p] { return flat(p.a); };
     },
     [](Plane& p) {
       Eigen::MatrixXd y = p.x.transpose();
       p.x.swap(y);
-      return corner(p.x);
+      return [&p] { return flat(p.x); };
     },
     bench::equal)
     .against("Eigen, into a new matrix")
@@ -52,11 +46,11 @@ ZOR_BENCH_PAIR(
     FlipDimArrayRows, plane,
     [](Plane& p) {
       FlipDimArray(p.a, 2);
-      return corner(p.a);
+      return [&p] { return flat(p.a); };
     },
     [](Plane& p) {
       p.x.colwise().reverseInPlace();
-      return corner(p.x);
+      return [&p] { return flat(p.x); };
     },
     bench::equal)
     .against("Eigen")
