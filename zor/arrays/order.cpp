@@ -72,7 +72,7 @@ Integer SortAndRemoveDuplicates(TIntArray& A, Boolean Ascending) {
   if (n < 2) return kEmptyArray;
   TIntArray sorted(A.begin(), A.end());
   ZOR_math1::SortArray(std::span<Integer>(sorted), Ascending);
-  const auto kept = static_cast<std::size_t>(std::ranges::unique(sorted).begin() - sorted.begin());
+  const auto kept = static_cast<std::size_t>(std::unique(sorted.begin(), sorted.end()) - sorted.begin());
   TIntArray(sorted.begin(), sorted.begin() + kept).swap(A);
   return zor::detail::to_integer(n - kept);
 }

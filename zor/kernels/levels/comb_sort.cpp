@@ -89,9 +89,9 @@ struct Keys {
   void store(Block<lanes> v) const {
     *reinterpret_cast<Block<lanes>*>(x) = v;
   }
-  template <bool up, class V>
-  [[gnu::always_inline]] static void order(V& a, V& b) {
-    const V first = a, second = b;
+  template <bool up, int lanes>
+  [[gnu::always_inline]] static void order(Block<lanes>& a, Block<lanes>& b) {
+    const Block<lanes> first = a, second = b;
     a = lower<up>(first, second);
     b = upper<up>(first, second);
   }
@@ -125,12 +125,12 @@ struct KeysAndCompanions {
     Keys<double>{key}.store<lanes>(v.key);
     Keys<std::int64_t>{companion}.store<lanes>(v.companion);
   }
-  template <bool up, class B>
-  [[gnu::always_inline]] static void order(B& a, B& b) {
+  template <bool up, int lanes>
+  [[gnu::always_inline]] static void order(Block<lanes>& a, Block<lanes>& b) {
     const auto change = (a.companion ^ b.companion) & mask(up ? a.key > b.key : a.key < b.key);
     a.companion ^= change;
     b.companion ^= change;
-    Keys<double>::order<up>(a.key, b.key);
+    Keys<double>::order<up, lanes>(a.key, b.key);
   }
 };
 
@@ -154,7 +154,7 @@ bool plain_pass(KeysAndCompanions run, Index gap, Index from, Index to) {
     const KeysAndCompanions p = run + (i - gap), q = run + i;
     auto a = p.load<1>(), b = q.load<1>();
     moved |= out_of_order<up>(a.key, b.key);
-    run.order<up>(a, b);
+    run.order<up, 1>(a, b);
     p.store<1>(a);
     q.store<1>(b);
   }
@@ -190,7 +190,7 @@ void chain(Run x, Index n, const std::size_t* gaps, Index count) {
         const Run q = p + -gap[k];
         for (int r = 0; r < registers; ++r) {
           Block low = (q + r * lanes).template load<lanes>();
-          Run::template order<up>(low, moving[r]);
+          Run::template order<up, lanes>(low, moving[r]);
           (p + r * lanes).template store<lanes>(moving[r]);
           moving[r] = low;
         }
