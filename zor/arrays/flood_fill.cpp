@@ -48,23 +48,25 @@ struct Region {
   }
 };
 
-/// Spans run along the columns, whose cells lie side by side. `open(col, row)` tells whether a cell matches and is not
-/// yet filled; `fill(span)` ends that for its cells.
-template <class Open, class Fill>
-Region fill_region(const Shape<2>& shape, std::size_t x, std::size_t y, bool four_connected, Open open, Fill fill) {
+/// Spans run along the columns, whose cells lie side by side. `open_in(col)` gives the test
+/// whether the cell in a row of that column matches and is not yet filled; `fill(span)` ends that for its cells.
+template <class OpenIn, class Fill>
+Region fill_region(const Shape<2>& shape, std::size_t x, std::size_t y, bool four_connected, OpenIn open_in,
+                   Fill fill) {
   const auto [cols, rows] = shape.length;
   const std::size_t reach = four_connected ? 0 : 1;
   Region region(x, y);
   PendingSpans pending;
   // Fills all spans of a column that have a cell in the rows from low to high.
   const auto fill_column = [&, rows = rows](std::size_t col, std::size_t low, std::size_t high) {
+    const auto open = open_in(col);
     for (std::size_t row = low; row <= high; ++row) {
-      if (!open(col, row)) continue;
+      if (!open(row)) continue;
       Span span{col, row, row};
       if (row == low) {
-        while (span.low > 0 && open(col, span.low - 1)) --span.low;
+        while (span.low > 0 && open(span.low - 1)) --span.low;
       }
-      while (span.high + 1 < rows && open(col, span.high + 1)) ++span.high;
+      while (span.high + 1 < rows && open(span.high + 1)) ++span.high;
       pending.push(span);
       fill(span);
       region.add(span);
@@ -105,7 +107,9 @@ Integer FloodFillArray(Integer X, Integer Y, Integer FillValue, Boolean FourConn
   TIntArray* const columns = A.data();
   const Region region = fill_region(
       shape, static_cast<std::size_t>(X), static_cast<std::size_t>(Y), FourConnected,
-      [=](std::size_t col, std::size_t row) { return columns[col][row] == wanted; },
+      [=](std::size_t col) {
+        return [=, cells = columns[col].data()](std::size_t row) { return cells[row] == wanted; };
+      },
       [=](const Span& s) { std::fill(&columns[s.col][s.low], &columns[s.col][s.high] + 1, FillValue); });
   return report(region, RowMax, RowMin, ColMin, ColMax);
 }
@@ -116,26 +120,30 @@ Integer FloodFillArray(Integer X, Integer Y, Double Tolerance, Double FillValue,
   if (!inside(X, Y, shape)) return kStartOutside;
   const Double low = A[X][Y] - std::fabs(Tolerance), high = A[X][Y] + std::fabs(Tolerance);
   TDoubleArray* const columns = A.data();
-  const auto matches = [=](std::size_t col, std::size_t row) {
-    const Double cell = columns[col][row];
-    return (low <= cell) & (cell <= high);
+  const auto matches_in = [=](std::size_t col) {
+    return [=, cells = columns[col].data()](std::size_t row) { return (low <= cells[row]) & (cells[row] <= high); };
   };
   const auto fill = [=](const Span& s) { std::fill(&columns[s.col][s.low], &columns[s.col][s.high] + 1, FillValue); };
-  const auto run = [&](auto open, auto take) {
+  const auto run = [&](auto open_in, auto take) {
     const Region region =
-        fill_region(shape, static_cast<std::size_t>(X), static_cast<std::size_t>(Y), FourConnected, open, take);
+        fill_region(shape, static_cast<std::size_t>(X), static_cast<std::size_t>(Y), FourConnected, open_in, take);
     return report(region, RowMax, RowMin, ColMin, ColMax);
   };
-  if (!(low <= FillValue && FillValue <= high)) return run(matches, fill);
+  if (!(low <= FillValue && FillValue <= high)) return run(matches_in, fill);
   // Filled cells go on matching: they are told apart by a mark.
   TBool2DArray filled;
   SetLength(filled, static_cast<Int64>(shape.length[0]), static_cast<Int64>(shape.length[1]));
   TBoolArray* const marks = filled.data();
-  return run([=](std::size_t col, std::size_t row) { return !marks[col][row] && matches(col, row); },
-             [=](const Span& s) {
-               fill(s);
-               std::fill(&marks[s.col][s.low], &marks[s.col][s.high] + 1, true);
-             });
+  return run(
+      [=](std::size_t col) {
+        return [=, done = marks[col].data(), matches = matches_in(col)](std::size_t row) {
+          return !done[row] && matches(row);
+        };
+      },
+      [=](const Span& s) {
+        fill(s);
+        std::fill(&marks[s.col][s.low], &marks[s.col][s.high] + 1, true);
+      });
 }
 
 }  // namespace ZOR_openarrays
