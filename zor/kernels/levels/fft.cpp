@@ -60,14 +60,15 @@ struct Butterfly {
   }
 };
 
+// Each twiddle is fetched once for all blocks.
+
 /// The stage with blocks of 2h samples.
 template <class S>
 void one_stage(double* data, std::size_t n, std::size_t h, const double* twiddles) {
   using Loose = typename S::Loose;
-  for (double* block = data; block < data + 2 * n; block += 4 * h) {
-    for (std::size_t j = 0; j < h; j += S::kSamples) {
-      const Butterfly<S> turn(twiddles + 2 * (h + j));
-      double* const x = block + 2 * j;
+  for (std::size_t j = 0; j < h; j += S::kSamples) {
+    const Butterfly<S> turn(twiddles + 2 * (h + j));
+    for (double* x = data + 2 * j; x < data + 2 * n; x += 4 * h) {
       typename S::Vec a = *reinterpret_cast<Loose*>(x), b = *reinterpret_cast<Loose*>(x + 2 * h);
       turn(a, b);
       *reinterpret_cast<Loose*>(x) = a;
@@ -80,11 +81,10 @@ void one_stage(double* data, std::size_t n, std::size_t h, const double* twiddle
 template <class S>
 void two_stages(double* data, std::size_t n, std::size_t h, const double* twiddles) {
   using Loose = typename S::Loose;
-  for (double* block = data; block < data + 2 * n; block += 8 * h) {
-    for (std::size_t j = 0; j < h; j += S::kSamples) {
-      const Butterfly<S> inner(twiddles + 2 * (h + j));
-      const Butterfly<S> front(twiddles + 2 * (2 * h + j)), back(twiddles + 2 * (3 * h + j));
-      double* const x = block + 2 * j;
+  for (std::size_t j = 0; j < h; j += S::kSamples) {
+    const Butterfly<S> inner(twiddles + 2 * (h + j));
+    const Butterfly<S> front(twiddles + 2 * (2 * h + j)), back(twiddles + 2 * (3 * h + j));
+    for (double* x = data + 2 * j; x < data + 2 * n; x += 8 * h) {
       typename S::Vec a = *reinterpret_cast<Loose*>(x), b = *reinterpret_cast<Loose*>(x + 2 * h);
       typename S::Vec c = *reinterpret_cast<Loose*>(x + 4 * h), d = *reinterpret_cast<Loose*>(x + 6 * h);
       inner(a, b);
