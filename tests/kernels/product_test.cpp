@@ -99,7 +99,7 @@ TEST_F(Product, AddsTheTermsOfEachCellInOrder) {
 TEST_F(Product, GivesTheUpperTriangleOfAGramMatrix) {
   on_all_levels([](bool) {
     constexpr std::size_t kRows = 300;
-    for (const std::size_t columns : {1, 7, 40, 131}) {
+    for (const std::size_t columns : {1u, 7u, 40u, 131u}) {
       Matrix a = noise(kRows, columns, 5), whole(columns, columns);
       multiply(a.columns(), Form::transposed, a.columns(), Form::plain, whole.columns(), columns, columns, kRows);
       for (const std::size_t first : {std::size_t{0}, columns / 3}) {
