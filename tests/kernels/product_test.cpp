@@ -90,7 +90,7 @@ TEST_F(Product, AddsTheTermsOfEachCellInOrder) {
       }
       Matrix c = noise(rows, columns, 4);
       const Matrix rest = chain(fused, a, b, c, -1.0);
-      subtract_product(a.columns(), b.columns(), c.columns(), rows, columns, depth);
+      subtract_product({a.columns(), 0}, {b.columns(), 0}, {c.columns(), 0}, rows, columns, depth);
       EXPECT_EQ(c.cells(), rest.cells());
     }
   });

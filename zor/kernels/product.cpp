@@ -36,6 +36,8 @@ struct Factor {
   const double* const* columns;
   /// The panels run along the columns of the matrix: a line of a panel is a piece of a column.
   bool along;
+  /// The first row of the factor in its matrix.
+  std::size_t row = 0;
 
   /// Packs the lines first, ..., last - 1 (rows of A, columns of B), term0 and the `depth` terms from there.
   void pack(const ProductTable& kernels, std::size_t first, std::size_t last, std::size_t width, std::size_t term0,
@@ -43,9 +45,9 @@ struct Factor {
     for (std::size_t i = first; i < last; i += width, panel += width * depth) {
       const std::size_t used = std::min(width, last - i);
       if (along)
-        kernels.pack_along(panel, width, used, columns + term0, i, depth);
+        kernels.pack_along(panel, width, used, columns + term0, row + i, depth);
       else
-        kernels.pack_across(panel, width, used, columns + i, term0, depth);
+        kernels.pack_across(panel, width, used, columns + i, row + term0, depth);
     }
   }
 };
@@ -58,6 +60,8 @@ struct Product {
   bool subtract = false;
   /// Cells whose column lies before their row are of no use.
   bool upper_only = false;
+  /// The first row of the result in its matrix.
+  std::size_t first_row = 0;
 
   void run() const {
     if (rows == 0 || columns == 0) return;
@@ -104,9 +108,9 @@ struct Product {
       for (std::size_t i = row; i < row_end; i += height, panel += height * terms) {
         if (upper_only && j + width <= i) break;
         if (i + height <= row_end && j + width <= column_end)
-          tile(terms, panel, b_panels, c + j, i, from_zero);
+          tile(terms, panel, b_panels, c + j, first_row + i, from_zero);
         else
-          border_tile(tile, terms, panel, b_panels, i, std::min(height, row_end - i), j,
+          border_tile(tile, terms, panel, b_panels, first_row + i, std::min(height, row_end - i), j,
                       std::min(width, column_end - j), height, from_zero);
       }
     }
@@ -133,9 +137,10 @@ void multiply(const double* const* a, Form form_a, const double* const* b, Form 
   Product{{a, form_a == Form::plain}, {b, form_b == Form::transposed}, c, rows, columns, depth}.run();
 }
 
-void subtract_product(const double* const* a, const double* const* b, double* const* c, std::size_t rows,
-                      std::size_t columns, std::size_t depth) {
-  Product{{a, true}, {b, false}, c, rows, columns, depth, true}.run();
+void subtract_product(const Piece& a, const Piece& b, const Piece& c, std::size_t rows, std::size_t columns,
+                      std::size_t depth) {
+  Product{{a.columns, true, a.row}, {b.columns, false, b.row}, c.columns, rows, columns, depth, true, false, c.row}
+      .run();
 }
 
 void gram(const double* const* a, std::size_t rows, std::size_t columns, std::size_t first, std::size_t last,

@@ -21,9 +21,15 @@ enum class Form { plain, transposed };
 ZOR_API void multiply(const double* const* a, Form form_a, const double* const* b, Form form_b, double* const* c,
                       std::size_t rows, std::size_t columns, std::size_t depth);
 
-/// c = c - A B: each term is subtracted from the running cell.
-ZOR_API void subtract_product(const double* const* a, const double* const* b, double* const* c, std::size_t rows,
-                              std::size_t columns, std::size_t depth);
+/// A piece of a matrix: its columns, from a row on.
+struct Piece {
+  double* const* columns;
+  std::size_t row;
+};
+
+/// c = c - A B: each term is subtracted from the running cell. The pieces may lie in one matrix.
+ZOR_API void subtract_product(const Piece& a, const Piece& b, const Piece& c, std::size_t rows, std::size_t columns,
+                              std::size_t depth);
 
 /// Dot products of the columns first, ..., last - 1 of `a` with themselves and the columns behind them:
 /// c[j - first][i - first] = sum over r < rows of a[i][r] * a[j][r], for first <= i < last, i <= j < columns. Other

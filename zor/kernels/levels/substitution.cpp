@@ -1,0 +1,80 @@
+#include "zor/kernels/levels/substitution.h"
+
+#include "zor/kernels/levels/level.h"
+
+#if defined(__FMA__)
+#include <immintrin.h>
+#endif
+
+namespace zor::kernels::ZOR_LEVEL {
+namespace {
+
+/// As many chains as hide the latency of an addition.
+constexpr std::size_t kRegisters = 10;
+constexpr std::size_t kLanes = kRegisters * kLanesD;
+
+inline VecD load(const double* x) { return *reinterpret_cast<const VecD*>(x); }
+inline void store(double* x, VecD v) { *reinterpret_cast<VecD*>(x) = v; }
+
+struct Portable {
+  static VecD subtract(VecD a, VecD b, VecD from) { return from - a * b; }
+  static double subtract(double a, double b, double from) { return from - a * b; }
+};
+#if defined(__FMA__)
+struct Fused {
+#if defined(__AVX512F__)
+  static VecD subtract(VecD a, VecD b, VecD from) { return (VecD)_mm512_fnmadd_pd(a, b, from); }
+#else
+  static VecD subtract(VecD a, VecD b, VecD from) { return (VecD)_mm256_fnmadd_pd(a, b, from); }
+#endif
+  static double subtract(double a, double b, double from) { return __builtin_fma(-a, b, from); }
+};
+#else
+using Fused = Portable;
+#endif
+
+template <class Step>
+void subtract_multiple(double factor, const double* x, double* y, std::size_t n) {
+  const VecD factors = factor - VecD{};
+  std::size_t i = 0;
+  for (; i + kLanesD <= n; i += kLanesD) store(y + i, Step::subtract(factors, load(x + i), load(y + i)));
+  for (; i < n; ++i) y[i] = Step::subtract(factor, x[i], y[i]);
+}
+
+template <class Step>
+void solve_lower(const double* const* l, std::size_t first, std::size_t end, double* const* b, std::size_t count) {
+  for (std::size_t c = 0; c < count; ++c) {
+    double* const x = b[c];
+    for (std::size_t k = first; k + 1 < end; ++k) {
+      for (std::size_t r = k + 1; r < end; ++r) x[r] = Step::subtract(l[k][r], x[k], x[r]);
+    }
+  }
+}
+
+template <class Step>
+void solve_upper(const double* row, std::size_t n, double* x) {
+  for (std::size_t r = n; r-- > 0; row += n - r - 1) {
+    const VecD pivot = *row++ - VecD{};
+    double* const result = x + r * kLanes;
+    VecD cell[kRegisters];
+#pragma GCC unroll 10
+    for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = load(result + i * kLanesD);
+    const double* below = result + kLanes;
+    for (std::size_t k = 0; k < n - r - 1; ++k, below += kLanes) {
+      const VecD factor = row[k] - VecD{};
+#pragma GCC unroll 10
+      for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = Step::subtract(factor, load(below + i * kLanesD), cell[i]);
+    }
+#pragma GCC unroll 10
+    for (std::size_t i = 0; i < kRegisters; ++i) store(result + i * kLanesD, cell[i] / pivot);
+  }
+}
+
+}  // namespace
+
+extern const SubstitutionTable kSubstitution;
+const SubstitutionTable kSubstitution = {kLanes,
+                                         {subtract_multiple<Fused>, solve_lower<Fused>, solve_upper<Fused>},
+                                         {subtract_multiple<Portable>, solve_lower<Portable>, solve_upper<Portable>}};
+
+}  // namespace zor::kernels::ZOR_LEVEL

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+
+#include "zor/export.h"
+
+/// \file  Triangular factors of square matrices, and the inverse from them.
+/// Columns are given by pointers, a[c][r] is the cell in row r of column c. A matrix is replaced by its factors: L
+/// below the diagonal, whose own diagonal of ones is not stored, and U. Each cell is one running difference, its terms
+/// in ascending order, as in the loops of Crout, whatever the blocks of the method: halves by recursion (Toledo,
+/// Locality of reference in LU decomposition with partial pivoting, 1997) on the product of product.h, which also tells
+/// when terms are fused. Without that, all levels give the same bits. exchanges[j] is the row that was exchanged with
+/// row j before column j was divided by its pivot. The functions allocate some work space: std::bad_alloc leaves the
+/// matrix as the interrupted work left it.
+
+namespace zor::kernels {
+
+/// Called before each column; true asks for an end.
+using StepAborts = bool (*)();
+
+enum class Factored { done, singular, aborted };
+
+/// Scaled partial pivoting: the pivot is the cell with the largest |cell| / (largest magnitude of its row in the whole
+/// matrix), the last one of equals. `singular` leaves the matrix alone if a row holds no magnitude above 0; else
+/// pivots below 1e-100 in magnitude were replaced by 1e-100, or a column held no number to compare.
+ZOR_API Factored factor_scaled(double* const* a, std::size_t n, std::size_t* exchanges, StepAborts step);
+
+/// Partial pivoting: the largest magnitude of the column, the first of equals. A pivot 0 leaves its column undivided;
+/// it then holds zeros.
+ZOR_API void factor_partial(double* const* a, std::size_t n, std::size_t* exchanges);
+
+/// No exchange of rows. False, with the matrix partly factored, if a pivot is 0 with a cell other than 0 below it.
+ZOR_API bool factor_in_place(double* const* a, std::size_t n);
+
+/// The inverse of the matrix whose factors are `lu`, into `inverse`. `step` is called once for each column of it; false
+/// if it asked for an end. Unit vectors are substituted: forward, then backward, with the terms of each cell in
+/// ascending order.
+ZOR_API bool inverse_of_factors(double* const* lu, std::size_t n, const std::size_t* exchanges, double* const* inverse,
+                                StepAborts step);
+
+}  // namespace zor::kernels
