@@ -140,6 +140,8 @@ TEST(FloodFill, InfiniteToleranceTakesAllNumbers) {
   Bounds b;
   EXPECT_EQ(fill(0, 1, kInf, 0.0, true, d, b), 4);
   EXPECT_EQ(d, (TDouble2DArray{{0, 0}, {0, 0}}));
+  TDouble2DArray infinite = {{-kInf, 1}};
+  EXPECT_EQ(fill(0, 0, kInf, 0.0, true, infinite, b), 0) << "the upper limit is not a number";
 }
 
 }  // namespace

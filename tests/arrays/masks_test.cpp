@@ -33,6 +33,7 @@ TEST(MaskShapes, HaveTheCellsOfTheirFormulas) {
   EXPECT_EQ(drawn(5, 5, skRing, {2, 2, 2, 2}), "..#..\n.....\n#...#\n.....\n..#..\n");
   EXPECT_EQ(drawn(4, 4, skEllipse, {0, 0, 3, 3}), "###.\n####\n###.\n.#..\n");
   EXPECT_EQ(drawn(5, 5, skEllipse, {0, 0, 4, 4}), "#####\n#####\n#####\n#####\n#####\n");
+  EXPECT_EQ(drawn(2, 2, skEllipse, {-4, -4, 1, 1}), "##\n##\n") << "the centre of -1.5 is -1";
   EXPECT_EQ(drawn(3, 4, skEllipse, {1, 0, 1, 3}), ".#.\n.#.\n.#.\n.#.\n") << "a side of no width";
 }
 

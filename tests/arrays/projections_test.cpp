@@ -47,6 +47,8 @@ TYPED_TEST(Projections, BadIndicesAreSkippedAndRepeatedOnesCountAgain) {
   EXPECT_THAT(res, ElementsAre(2, 4));
   EXPECT_EQ(EdgeVector(a, orVertical, eoMin, {7}, res), kBadEdgeIndex);
   EXPECT_THAT(res, testing::Each(ZOR_univconst::uc_MaxDouble));
+  EXPECT_EQ(EdgeVector(a, orHorizontal, eoMax, {-1}, res), kBadEdgeIndex);
+  EXPECT_THAT(res, testing::Each(-ZOR_univconst::uc_MaxDouble));
   EXPECT_EQ(EdgeVector(a, orVertical, eoMean, {7}, res), kBadEdgeIndex);
   EXPECT_THAT(res, ElementsAre(0, 0));
   const TDoubleArray before = res;
@@ -64,6 +66,10 @@ TEST(ProjectionsOfDoubles, ResultMayBeAColumnAndNaNIsNoExtreme) {
   TDouble2DArray a = {{1, kNaN, 3}, {4, 5, 6}};
   EXPECT_EQ(EdgeVector(a, orHorizontal, eoMax, a[0]), 0);
   EXPECT_EQ(a, (TDouble2DArray{{4, 5, 6}, {4, 5, 6}}));
+  TDoubleArray res;
+  EXPECT_EQ(EdgeVector(TDouble2DArray{{1, kNaN, 3}, {0.1, 0.1, 0.1}}, orVertical, eoStdDev, res), 0);
+  EXPECT_TRUE(std::isnan(res[0])) << "but no deviation either";
+  EXPECT_LT(res[1], 1e-8);
 }
 
 TYPED_TEST(Projections, BoundingRectIsThatOfAllCellsOtherThanZero) {

@@ -27,14 +27,17 @@ Integer DiscretizeArray(TDouble2DArray& A, Integer NumSteps, Double LowIn, Doubl
 }
 
 Integer ConvertToColorMap(TInt2DArray& A, const ZOR_zorcolors::TColorArray* ColorArray) {
-  const Integer colors = ColorArray ? ColorArray->NrOfColors() : 0;
-  if (colors == 0) return kNoColors;
+  TIntArray colors;
+  SetLength(colors, ColorArray ? ColorArray->NrOfColors() : 0);
+  if (colors.empty()) return kNoColors;
   const auto shape = zor::detail::shape_of(A);
   if (shape.empty()) return kNothingToMap;
+  const Integer last = Length(colors);
+  for (Integer i = 0; i < last; ++i) colors[i] = ColorArray->GetColorElem(i + 1);
   zor::detail::for_runs(
       shape,
-      [=](std::span<Integer> cells) {
-        for (Integer& v : cells) v = ColorArray->GetColorElem(std::clamp(v, 1, colors));
+      [last, color = colors.data()](std::span<Integer> cells) {
+        for (Integer& v : cells) v = color[std::clamp(v, 1, last) - 1];
       },
       A);
   return 0;

@@ -19,8 +19,8 @@ ZOR_API Integer FloodFillArray(Integer X, Integer Y, Integer FillValue, Boolean 
                                Integer& RowMax, Integer& RowMin, Integer& ColMin, Integer& ColMax);
 
 /// Fills the cells from T - |Tolerance| to T + |Tolerance|, where T is the start cell before the call. FillValue may
-/// lie in that range: cells of the region that hold it already count as well. Where T or Tolerance is NaN, nothing
-/// matches: the result is 0, and the bounds are Y, Y, X, X.
+/// lie in that range: cells of the region that hold it already count as well. Where a limit of the range is NaN,
+/// nothing matches: the result is 0, and the bounds are Y, Y, X, X.
 ZOR_API Integer FloodFillArray(Integer X, Integer Y, Double Tolerance, Double FillValue, Boolean FourConnected,
                                TDouble2DArray& A, Integer& RowMax, Integer& RowMin, Integer& ColMin, Integer& ColMax);
 

@@ -5,7 +5,6 @@
 
 #include "zor/arrays/walk_internal.h"
 #include "zor/base/ZOR_zorbase.h"
-#include "zor/scalar/selection.h"
 #include "zor/scalar/sorting.h"
 
 namespace ZOR_openarrays {
@@ -28,17 +27,9 @@ void for_neighbours(const A& a, Integer ix, Integer radius, Integer low, Integer
 }
 
 Double median(std::span<Double> cells) {
-  const Integer last = to_integer(cells.size() - 1), middle = to_integer(cells.size() / 2);
-  if (std::ranges::any_of(cells, [](Double x) { return x != x; })) {
-    ZOR_math1::SortArray(cells, true);
-  } else {
-    ZOR_math1::QuickSelect(cells, middle, 0, last);
-  }
-  const Double upper = cells[cells.size() / 2];
-  if (cells.size() % 2 == 1) return upper;
-  if (upper != upper) return upper;
-  const auto below = cells.first(cells.size() / 2);
-  return (*std::ranges::max_element(below) + upper) / 2.0;
+  ZOR_math1::SortArray(cells, true);
+  const std::size_t middle = cells.size() / 2;
+  return cells.size() % 2 == 1 ? cells[middle] : (cells[middle - 1] + cells[middle]) / 2.0;
 }
 
 /// Indices at which `step(i)`, the difference of the cells i and i - 1, departs from the one before.

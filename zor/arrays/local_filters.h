@@ -16,8 +16,8 @@ namespace ZOR_openarrays {
 template <class A>
 requires Num<A, 1> ZOR_API Double LocalMean(const A& a, Integer Ix, Integer Radius, Integer Low, Integer High);
 
-/// Median of the same cells; for an even number the mean of the two in the middle. Linear in the number of cells on the
-/// average. If a cell is NaN, the cells are put in the order that SortArray leaves them in.
+/// Median of the same cells: the middle one, of an even number the mean of the two in the middle, after
+/// ZOR_math1::SortArray has sorted a copy of them, whose feedback steps it shares. NaN stays where the sort leaves it.
 template <class A>
 requires Num<A, 1> ZOR_API Double LocalMedian(const A& a, Integer Ix, Integer Radius, Integer Low, Integer High);
 

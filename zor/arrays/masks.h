@@ -25,16 +25,21 @@ requires Num<A, 2> ZOR_API Integer FillArrayMasked(A& a, CellOf<A> Value, const 
 /// | Kind | Params | Cells |
 /// |---|---|---|
 /// | skRectangle | x1, y1, x2, y2 | x1 <= c <= x2 and y1 <= r <= y2 |
-/// | skEllipse | x1, y1, x2, y2 | in that rectangle, and dx^2 / (w^2 div 2) + dy^2 / (h^2 div 2) <= 1, where w = x2 -
-/// x1, h = y2 - y1, dx = c - (x1 + x2) div 2, dy = r - (y1 + y2) div 2 | | skCircle | cx, cy, radius | (c - cx)^2 + (r
-/// - cy)^2 <= radius^2 | | skRing | cx, cy, r1, r2 | r1^2 <= (c - cx)^2 + (r - cy)^2 <= r2^2; the radii in either order
-/// |
+/// | skEllipse | x1, y1, x2, y2 | in that rectangle, and dx^2 / (w^2 div 2) + dy^2 / (h^2 div 2) <= 1 |
+/// | skCircle | cx, cy, radius | (c - cx)^2 + (r - cy)^2 <= radius^2 |
+/// | skRing | cx, cy, r1, r2 | r1^2 <= (c - cx)^2 + (r - cy)^2 <= r2^2, the radii in either order |
 ///
-/// Returns 0; kWrongShapeParams; kNegativeRadius, which wins over the other. No corners in between (x1 > x2) is no
-/// cell. \warning The ellipse of this formula passes through the corners of its rectangle or beyond: with even w and h
+/// Here w = x2 - x1, h = y2 - y1, dx = c - (x1 + x2) div 2, dy = r - (y1 + y2) div 2; div rounds toward 0, the division
+/// does not, and a term whose denominator is 0 (a side of 0 or 1) is 0. Where x1 > x2 or y1 > y2 there is no cell.
+/// Returns 0; kWrongShapeParams; kNegativeRadius, which wins over the other.
+///
+///     TBool2DArray mask;
+///     SetLength(mask, 640, 480);
+///     CreateMaskShape(mask, skCircle, {320, 240, 200});      // protects a disc in the middle
+///
+/// \warning The ellipse of this formula passes through the corners of its rectangle or beyond: with even w and h
 /// all cells of the rectangle belong to it, with odd ones all but a few at the far edges. For an ellipse that touches
-/// the sides set the cells with 4 dx^2 / w^2 + 4 dy^2 / h^2 <= 1. A term whose denominator is 0 (a side of 0 or 1) is
-/// 0.
+/// the sides set the cells with 4 dx^2 / w^2 + 4 dy^2 / h^2 <= 1.
 ZOR_API Integer CreateMaskShape(TBool2DArray& Mask, TShapeKind Kind, const TIntArray& Params);
 
 }  // namespace ZOR_openarrays
