@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <span>
+#include <utility>
 
 #include "zor/arrays/walk_internal.h"
 #include "zor/base/ZOR_zorbase.h"
@@ -12,73 +15,80 @@ namespace {
 using zor::detail::Shape;
 using zor::detail::to_integer;
 
-/// Rows low to high of one column, both inclusive.
-struct Span {
-  std::size_t col, low, high;
+/// Rows of a column that are still to be looked at, both ends inclusive. They lie beside a filled span of the column
+/// before it, `direction` (1 or -1) columns back.
+struct Stretch {
+  std::int32_t col, low, high, direction;
 };
 
-/// Spans that are filled but whose neighbours have not been looked at.
-class PendingSpans {
+class Stretches {
  public:
-  bool empty() const noexcept { return count_ == 0; }
-  void push(const Span& span) {
+  void push(const Stretch& stretch) {
     if (count_ == cells_.size()) SetLength(cells_, static_cast<Int64>(2 * count_ + 64));
-    cells_[count_++] = span;
+    cells_[count_++] = stretch;
   }
-  Span pop() noexcept { return cells_[--count_]; }
+  std::span<const Stretch> all() const noexcept { return {cells_.data(), count_}; }
+  void clear() noexcept { count_ = 0; }
 
  private:
-  TDynArray<Span> cells_;
+  TDynArray<Stretch> cells_;
   std::size_t count_ = 0;
 };
 
 /// What a fill has covered.
 struct Region {
   std::size_t cells = 0;
-  Span rows;  // lowest and highest row
-  std::size_t first_col, last_col;
+  Integer row_max, row_min, col_min, col_max;
 
-  Region(std::size_t x, std::size_t y) noexcept : rows{x, y, y}, first_col(x), last_col(x) {}
-  void add(const Span& span) noexcept {
-    cells += span.high - span.low + 1;
-    rows.low = (std::min)(rows.low, span.low);
-    rows.high = (std::max)(rows.high, span.high);
-    first_col = (std::min)(first_col, span.col);
-    last_col = (std::max)(last_col, span.col);
+  Region(Integer x, Integer y) noexcept : row_max(y), row_min(y), col_min(x), col_max(x) {}
+  void add(Integer col, Integer low, Integer high) noexcept {
+    cells += static_cast<std::size_t>(high - low) + 1;
+    row_max = (std::max)(row_max, high);
+    row_min = (std::min)(row_min, low);
+    col_min = (std::min)(col_min, col);
+    col_max = (std::max)(col_max, col);
   }
 };
 
-/// Spans run along the columns, whose cells lie side by side. `open_in(col)` gives the test
-/// whether the cell in a row of that column matches and is not yet filled; `fill(span)` ends that for its cells.
-template <class OpenIn, class Fill>
-Region fill_region(const Shape<2>& shape, std::size_t x, std::size_t y, bool four_connected, OpenIn open_in,
-                   Fill fill) {
-  const auto [cols, rows] = shape.length;
-  const std::size_t reach = four_connected ? 0 : 1;
+/// Spans run along the columns, whose cells lie side by side. `taker(col)` gives a function of a row of that column,
+/// which fills its cell and returns true if it matches and is not yet filled. The fill proceeds in generations: what
+/// lies beside the spans of one generation is the next, so that few stretches wait and their cells stay in the cache.
+template <class Taker>
+Region fill_region(const Shape<2>& shape, Integer x, Integer y, bool four_connected, Taker taker) {
+  const Integer cols = to_integer(shape.length[0]), last_row = to_integer(shape.length[1]) - 1;
+  const Int64 reach = four_connected ? 0 : 1;
   Region region(x, y);
-  PendingSpans pending;
-  // Fills all spans of a column that have a cell in the rows from low to high.
-  const auto fill_column = [&, rows = rows](std::size_t col, std::size_t low, std::size_t high) {
-    const auto open = open_in(col);
-    for (std::size_t row = low; row <= high; ++row) {
-      if (!open(row)) continue;
-      Span span{col, row, row};
-      if (row == low) {
-        while (span.low > 0 && open(span.low - 1)) --span.low;
-      }
-      while (span.high + 1 < rows && open(span.high + 1)) ++span.high;
-      pending.push(span);
-      fill(span);
-      region.add(span);
-      row = span.high + 1;  // known not to be open
+  Stretches now, next;
+  const auto look = [&](Integer col, Int64 low, Int64 high, Integer direction) {
+    low = (std::max)(low, Int64{0});
+    high = (std::min)(high, Int64{last_row});
+    if (low <= high && col >= 0 && col < cols) {
+      next.push({col, static_cast<Integer>(low), static_cast<Integer>(high), direction});
     }
   };
-  fill_column(x, y, y);
-  while (!pending.empty()) {
-    const Span span = pending.pop();
-    const std::size_t low = span.low - (std::min)(span.low, reach), high = (std::min)(span.high + reach, rows - 1);
-    if (span.col > 0) fill_column(span.col - 1, low, high);
-    if (span.col + 1 < cols) fill_column(span.col + 1, low, high);
+  // Fills all spans that have a cell in the stretch. Where a span goes beyond its origin, new cells may lie behind it:
+  // the origin and the cells at its ends, which did not match, are rows `known_low` to `known_high` there.
+  const auto fill_spans = [&](const Stretch& stretch, Int64 known_low, Int64 known_high) {
+    const auto take = taker(stretch.col);
+    const Integer ahead = stretch.col + stretch.direction, behind = stretch.col - stretch.direction;
+    for (Int64 row = stretch.low; row <= stretch.high; ++row) {
+      if (!take(static_cast<Integer>(row))) continue;
+      auto first = static_cast<Integer>(row), last = first;
+      while (first > 0 && take(first - 1)) --first;
+      while (last < last_row && take(last + 1)) ++last;
+      region.add(stretch.col, first, last);
+      const Int64 low = first - reach, high = last + reach;
+      look(ahead, low, high, stretch.direction);
+      look(behind, low, (std::min)(known_low - 1, high), -stretch.direction);
+      look(behind, (std::max)(known_high + 1, low), high, -stretch.direction);
+      row = Int64{last} + 1;  // known not to match
+    }
+  };
+  fill_spans({x, y, y, 1}, Int64{last_row} + 1, last_row);  // nothing is known
+  while (!next.all().empty()) {
+    std::swap(now, next);
+    next.clear();
+    for (const Stretch& stretch : now.all()) fill_spans(stretch, stretch.low + reach - 1, stretch.high - reach + 1);
   }
   return region;
 }
@@ -89,10 +99,10 @@ bool inside(Integer x, Integer y, const Shape<2>& shape) noexcept {
 }
 
 Integer report(const Region& region, Integer& row_max, Integer& row_min, Integer& col_min, Integer& col_max) noexcept {
-  row_max = to_integer(region.rows.high);
-  row_min = to_integer(region.rows.low);
-  col_min = to_integer(region.first_col);
-  col_max = to_integer(region.last_col);
+  row_max = region.row_max;
+  row_min = region.row_min;
+  col_min = region.col_min;
+  col_max = region.col_max;
   return to_integer(region.cells);
 }
 
@@ -105,12 +115,13 @@ Integer FloodFillArray(Integer X, Integer Y, Integer FillValue, Boolean FourConn
   const Integer wanted = A[X][Y];
   if (wanted == FillValue) return kAlreadyFilled;
   TIntArray* const columns = A.data();
-  const Region region = fill_region(
-      shape, static_cast<std::size_t>(X), static_cast<std::size_t>(Y), FourConnected,
-      [=](std::size_t col) {
-        return [=, cells = columns[col].data()](std::size_t row) { return cells[row] == wanted; };
-      },
-      [=](const Span& s) { std::fill(&columns[s.col][s.low], &columns[s.col][s.high] + 1, FillValue); });
+  const Region region = fill_region(shape, X, Y, FourConnected, [=](Integer col) {
+    return [=, cells = columns[col].data()](Integer row) {
+      if (cells[row] != wanted) return false;
+      cells[row] = FillValue;
+      return true;
+    };
+  });
   return report(region, RowMax, RowMin, ColMin, ColMax);
 }
 
@@ -120,30 +131,27 @@ Integer FloodFillArray(Integer X, Integer Y, Double Tolerance, Double FillValue,
   if (!inside(X, Y, shape)) return kStartOutside;
   const Double low = A[X][Y] - std::fabs(Tolerance), high = A[X][Y] + std::fabs(Tolerance);
   TDoubleArray* const columns = A.data();
-  const auto matches_in = [=](std::size_t col) {
-    return [=, cells = columns[col].data()](std::size_t row) { return (low <= cells[row]) & (cells[row] <= high); };
+  const auto taker = [=](Integer col) {
+    return [=, cells = columns[col].data()](Integer row) {
+      if (!(low <= cells[row] && cells[row] <= high)) return false;
+      cells[row] = FillValue;
+      return true;
+    };
   };
-  const auto fill = [=](const Span& s) { std::fill(&columns[s.col][s.low], &columns[s.col][s.high] + 1, FillValue); };
-  const auto run = [&](auto open_in, auto take) {
-    const Region region =
-        fill_region(shape, static_cast<std::size_t>(X), static_cast<std::size_t>(Y), FourConnected, open_in, take);
-    return report(region, RowMax, RowMin, ColMin, ColMax);
+  const auto run = [&](auto how) {
+    return report(fill_region(shape, X, Y, FourConnected, how), RowMax, RowMin, ColMin, ColMax);
   };
-  if (!(low <= FillValue && FillValue <= high)) return run(matches_in, fill);
+  if (!(low <= FillValue && FillValue <= high)) return run(taker);
   // Filled cells go on matching: they are told apart by a mark.
   TBool2DArray filled;
   SetLength(filled, static_cast<Int64>(shape.length[0]), static_cast<Int64>(shape.length[1]));
   TBoolArray* const marks = filled.data();
-  return run(
-      [=](std::size_t col) {
-        return [=, done = marks[col].data(), matches = matches_in(col)](std::size_t row) {
-          return !done[row] && matches(row);
-        };
-      },
-      [=](const Span& s) {
-        fill(s);
-        std::fill(&marks[s.col][s.low], &marks[s.col][s.high] + 1, true);
-      });
+  return run([=](Integer col) {
+    return [take = taker(col), done = marks[col].data()](Integer row) {
+      if (done[row] || !take(row)) return false;
+      return done[row] = true;
+    };
+  });
 }
 
 }  // namespace ZOR_openarrays
