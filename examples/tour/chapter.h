@@ -6,7 +6,7 @@
 #include "examples/tour/page.h"
 
 /// \file  The chapters of the tour.
-/// A chapter is one file of this folder, of at most 120 lines, that registers itself under the stem of its file name:
+/// A chapter is one file of this folder, of at most 150 lines, that registers itself under the stem of its file name:
 ///
 ///     void run(tour::Page& page) { ... }
 ///     const tour::Register chapter({100, "series", "What is in a series?", run});

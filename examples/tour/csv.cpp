@@ -38,6 +38,32 @@ std::vector<std::string> fields_of(std::string_view line) {
   return fields;
 }
 
+CsvTable parse(std::string_view text, std::string file, bool named) {
+  CsvTable table;
+  table.file = std::move(file);
+  int line_number = 0;
+  while (!text.empty()) {
+    const auto end = std::min(text.find('\n'), text.size());
+    std::string_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    ++line_number;
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    if (line.empty()) continue;
+    auto fields = fields_of(line);
+    if (table.names.empty()) {
+      for (std::size_t i = 0; i < fields.size(); ++i) table.names.push_back(named ? fields[i] : std::to_string(i + 1));
+      table.columns.resize(fields.size());
+      if (named) continue;
+    }
+    if (fields.size() != table.names.size())
+      throw std::runtime_error(table.file + ", line " + std::to_string(line_number) + ": " +
+                               std::to_string(fields.size()) + " fields, " + std::to_string(table.names.size()) +
+                               " expected");
+    for (std::size_t i = 0; i < fields.size(); ++i) table.columns[i].push_back(std::move(fields[i]));
+  }
+  return table;
+}
+
 }  // namespace
 
 std::string read_text(const std::filesystem::path& file) {
@@ -54,33 +80,13 @@ bool to_number(std::string_view text, double& value) {
   return result.ec == std::errc() && result.ptr == text.data() + text.size();
 }
 
-CsvTable parse_csv(std::string_view text, std::string file) {
-  CsvTable table;
-  table.file = std::move(file);
-  int line_number = 0;
-  while (!text.empty()) {
-    const auto end = std::min(text.find('\n'), text.size());
-    std::string_view line = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
-    ++line_number;
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    if (line.empty()) continue;
-    auto fields = fields_of(line);
-    if (table.names.empty()) {
-      table.names = std::move(fields);
-      table.columns.resize(table.names.size());
-      continue;
-    }
-    if (fields.size() != table.names.size())
-      throw std::runtime_error(table.file + ", line " + std::to_string(line_number) + ": " +
-                               std::to_string(fields.size()) + " fields, " + std::to_string(table.names.size()) +
-                               " expected");
-    for (std::size_t i = 0; i < fields.size(); ++i) table.columns[i].push_back(std::move(fields[i]));
-  }
-  return table;
-}
+CsvTable parse_csv(std::string_view text, std::string file) { return parse(text, std::move(file), true); }
 
 CsvTable read_csv(const std::filesystem::path& file) { return parse_csv(read_text(file), file.filename().string()); }
+
+CsvTable read_plain_csv(const std::filesystem::path& file) {
+  return parse(read_text(file), file.filename().string(), false);
+}
 
 const std::vector<std::string>& CsvTable::texts(std::string_view name) const {
   const auto found = std::find(names.begin(), names.end(), name);

@@ -30,6 +30,9 @@ CsvTable read_csv(const std::filesystem::path& file);
 /// The same for text at hand; `file` is used in messages.
 CsvTable parse_csv(std::string_view text, std::string file);
 
+/// Reads a file without names; its columns are called 1, 2, and so on.
+CsvTable read_plain_csv(const std::filesystem::path& file);
+
 /// The whole file as text.
 std::string read_text(const std::filesystem::path& file);
 

@@ -47,6 +47,15 @@ TEST(Csv, ReadsTheSeriesAsTheirReadmeDescribesThem) {
   EXPECT_NEAR(mean(air), 361.197061, 5e-7);
 }
 
+TEST(Csv, ReadsThePhotographWithoutLosingItsFirstRow) {
+  const auto photo = tour::read_plain_csv(kData / "ascent.csv");
+  ASSERT_EQ(photo.names.size(), 256u);
+  EXPECT_EQ(photo.rows(), 256u);
+  double sum = 0.0;
+  for (const auto& name : photo.names) sum += 256.0 * mean(photo.numbers(name));
+  EXPECT_EQ(sum, 5732801.0);
+}
+
 TEST(Csv, TakesQuotesCarriageReturnsAndMissingCells) {
   const auto table = tour::parse_csv("name,size\r\n\"Smith, \"\"J\"\"\",NA\r\n\n,2.5", "t.csv");
   EXPECT_THAT(table.texts("name"), ElementsAre("Smith, \"J\"", ""));
