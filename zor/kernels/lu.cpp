@@ -247,7 +247,7 @@ bool inverse_of_factors(double* const* lu, std::size_t n, const std::size_t* exc
       for (std::size_t i = 0; i < count; ++i) line[i] = columns[i][r];
       std::fill(line + count, line + lanes, 0.0);
     }
-    loops().solve_upper(rows.get(), n, block.get());
+    loops().substitute(rows.get(), 0, n, block.get() + (n - 1) * lanes);
     for (std::size_t r = 0; r < n; ++r) {
       for (std::size_t i = 0; i < count; ++i) columns[i][r] = block[r * lanes + i];
     }

@@ -52,18 +52,18 @@ void solve_lower(const double* const* l, std::size_t first, std::size_t end, dou
 }
 
 template <class Step>
-void solve_upper(const double* row, std::size_t n, double* x) {
-  for (std::size_t r = n; r-- > 0; row += n - r - 1) {
+void substitute(const double* row, std::size_t first, std::size_t end, double* last) {
+  for (std::size_t t = first; t < end; row += t, ++t) {
     const VecD pivot = *row++ - VecD{};
-    double* const result = x + r * kLanes;
+    double* const result = last - t * kLanes;
     VecD cell[kRegisters];
 #pragma GCC unroll 10
     for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = load(result + i * kLanesD);
-    const double* below = result + kLanes;
-    for (std::size_t k = 0; k < n - r - 1; ++k, below += kLanes) {
+    const double* line = result + kLanes;
+    for (std::size_t k = 0; k < t; ++k, line += kLanes) {
       const VecD factor = row[k] - VecD{};
 #pragma GCC unroll 10
-      for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = Step::subtract(factor, load(below + i * kLanesD), cell[i]);
+      for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = Step::subtract(factor, load(line + i * kLanesD), cell[i]);
     }
 #pragma GCC unroll 10
     for (std::size_t i = 0; i < kRegisters; ++i) store(result + i * kLanesD, cell[i] / pivot);
@@ -74,7 +74,7 @@ void solve_upper(const double* row, std::size_t n, double* x) {
 
 extern const SubstitutionTable kSubstitution;
 const SubstitutionTable kSubstitution = {kLanes,
-                                         {subtract_multiple<Fused>, solve_lower<Fused>, solve_upper<Fused>},
-                                         {subtract_multiple<Portable>, solve_lower<Portable>, solve_upper<Portable>}};
+                                         {subtract_multiple<Fused>, solve_lower<Fused>, substitute<Fused>},
+                                         {subtract_multiple<Portable>, solve_lower<Portable>, substitute<Portable>}};
 
 }  // namespace zor::kernels::ZOR_LEVEL

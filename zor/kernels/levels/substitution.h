@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-/// \file  The inner loops of lu.h.
+/// \file  The inner loops of lu.h and cholesky.h.
 
 namespace zor::kernels {
 
@@ -13,10 +13,11 @@ struct SubstitutionLoops {
   /// b = L^-1 b for `count` columns, with the factor L of unit diagonal in the rows and columns from `first` to end
   /// - 1.
   void (*solve_lower)(const double* const* l, std::size_t first, std::size_t end, double* const* b, std::size_t count);
-  /// Solves U X = X for `lanes` right-hand sides side by side: x[r * lanes + i] is row r of right-hand side i. The rows
-  /// of U lie packed one behind the other from the last one up, each from its diagonal cell to the right. Row by row
-  /// from below; the terms of a cell are subtracted with their column ascending.
-  void (*solve_upper)(const double* rows_from_last, std::size_t n, double* x);
+  /// One row after the other of a triangular system, for `lanes` right-hand sides side by side. Row t is the line of
+  /// `lanes` cells that begins at last - t * lanes; row_t packs its pivot and then its t factors, which belong to the
+  /// rows t - 1, ..., 0: x[t] = (x[t] - factor * x[t - 1] - ...) / pivot, the terms in this order, for t from first to
+  /// end - 1. `row` points to row_first; the rows are packed one behind the other.
+  void (*substitute)(const double* row, std::size_t first, std::size_t end, double* last);
 };
 
 struct SubstitutionTable {
