@@ -50,6 +50,9 @@ inline constexpr Integer kBadElementRange = -4;  ///< CopyFromArray from one dim
 inline constexpr Integer kBadArrayPlace = -4;    ///< CopyToArray: the place in the array.
 inline constexpr Integer kBadPlace = -5;         ///< The place in this matrix.
 
+/// Norms of a matrix.
+enum TNormType { ntColwise, ntRowwise, ntSpectral, ntFrobenius };
+
 /// Results of CalcDistMat.
 inline constexpr Integer kNotSquare = -1;          ///< The matrix of distances is null or not square.
 inline constexpr Integer kOtherNumberOfRows = -2;  ///< It has not as many columns as there are rows.
@@ -283,7 +286,76 @@ class ZOR_API BasicMatrix : public TComponent {
   /// @}
 
   /// \name Linear algebra
+  /// Cells are (column, row). A result object, made by the caller, is resized with its events, then each cell is stored
+  /// as SetVal does, with one OnChange for each; it may be an operand. A null operand or result, and sizes that do not
+  /// fit, give false with nothing changed. The cells of products of matrices, of Square, Invert, LUdecomposition and
+  /// CalcHatMatrix may fuse multiplication and addition, see zor/portable_kernels.h; no other operation does. Each is
+  /// one running sum from 0.0 with its terms in ascending order.
   /// @{
+  /// MatRes = A B. OnChange also of this matrix, which does not change.
+  Boolean Multiply(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T>;
+  /// VecRes = A b. OnChange also of this matrix.
+  Boolean Multiply(const TVector* VecB, TVector* VecRes) requires RealCell<T>;
+  /// MatRes = A B' for a B with as many columns. OnChange also of this matrix.
+  Boolean MultiplyTransposed(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T>;
+  /// MatRes = A' B for a B with as many rows.
+  Boolean TransposeAndMultiply(const BasicMatrix* MatB, BasicMatrix* MatRes) const requires RealCell<T>;
+  /// VecRes = A' b.
+  Boolean TransposeAndMultiply(const TVector* VecB, TVector* VecRes) const requires RealCell<T>;
+  /// Products of like cells of two matrices of equal size. OnChange also of this matrix.
+  Boolean EMult(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T>;
+  /// Adds and subtracts like cells of a matrix of equal size, in place; OnChange.
+  Boolean Add(const BasicMatrix* MatB) requires RealCell<T>;
+  Boolean Subtract(const BasicMatrix* MatB) requires RealCell<T>;
+  /// Every cell times, or plus, a number; OnChange.
+  void SMult(Double Scalar) requires RealCell<T>;
+  void SAdd(Double Scalar) requires RealCell<T>;
+
+  /// MatRes(i, j) = MatRes(j, i) = (sum over the rows r of A(i, r) * A(j, r)) / Norm: the Gram matrix of the columns,
+  /// or with centred columns and Norm = n - 1 their covariances. MatRes is resized with its events, its cells are
+  /// written without. There is a feedback step for each column, with one thread with a test of AbortMathProc before it,
+  /// with more threads a test now and then; an abort gives false, with MatRes sized and its cells undefined. False,
+  /// with nothing changed, for a null MatRes, this matrix itself, and a Norm of 0 or NaN. NThreads is limited to 1 ..
+  /// the smaller of CPUCount and the number of columns; worker threads work on blocks of columns while the calling one
+  /// runs MathFeedBackProc. The cells do not depend on the number of threads. An exception of a handler passes on after
+  /// all workers have ended. Neither matrix may be changed during the call.
+  Boolean Square(BasicMatrix* MatRes, Double Norm, Integer NThreads) const requires RealCell<T>;
+  /// With one thread less than there are processors, but at least one.
+  Boolean Square(BasicMatrix* MatRes, Double Norm) const requires RealCell<T>;
+
+  /// Becomes its inverse, by InvertArray of ZOR_openarrays, which tells method, pivots, feedback and aborts. False if
+  /// the matrix is not square or a row holds only zeros, with nothing changed; if it is singular or AbortMathProc was
+  /// set, with its cells partly factored; and if a feedback procedure resized it. No event.
+  Boolean Invert() requires RealCell<T>;
+  /// Product of the diagonal of the upper factor of LUdecomposition; 0.0 if the matrix is not square or has a cell that
+  /// is not finite.
+  Double Determinant() const requires RealCell<T>;
+  /// The triangular factors of LUdecomposition of ZOR_openarrays, which are resized, then told as CopyFromArray does.
+  /// False, with nothing changed, also if the matrix is not square, a cell is not finite, or MatL is MatU.
+  Boolean LUdecomposition(BasicMatrix* MatL, BasicMatrix* MatU) const requires RealCell<T>;
+  /// A = L L' for a symmetric positive definite matrix, of which the cells with row >= column are read. MatL is resized
+  /// with its events; L goes into its cells with row >= column, the others stay, then one OnChange. This matrix gets L
+  /// without its diagonal, turned, in its cells with column > row, and tells no event. The terms of each cell are
+  /// subtracted from the last column to the first. False, with nothing changed, if the matrix is not square or not
+  /// positive definite, or MatL is this matrix.
+  Boolean CholeskyDecomp(BasicMatrix* MatL) requires RealCell<T>;
+  /// Makes the sums of magnitudes of row and column i, both without the diagonal, equal for each i: a similarity
+  /// transformation by a diagonal matrix, in passes until no factor exceeds Tolerance, which is limited to 1.000001 to
+  /// 1.05. Rows and columns whose factor would be 0 or not finite, and columns of zeros, are passed over. False, with
+  /// nothing changed, if the matrix is not square; false also after 100 passes. No event. (Osborne, On pre-conditioning
+  /// of matrices, 1960)
+  Boolean Balance(Double Tolerance) requires RealCell<T>;
+  /// ntColwise and ntRowwise: the largest sum of magnitudes of a column or row. ntFrobenius: the root of the sum of
+  /// squares. ntSpectral: the largest singular value; its computation takes four feedback steps for each column.
+  /// Raises EZORMatrixError "near singular covariance matrix" if that did not converge (a cell is not finite) or
+  /// AbortMathProc is set.
+  Double Norm(TNormType nt) const requires RealCell<T>;
+  /// Sum of the diagonal; 0.0 if the matrix is not square.
+  Double Trace() const requires RealCell<T>;
+  /// HatMat = A (A' A)^-1 A', by CalcHatMatrix of ZOR_openarrays. HatMat becomes square with as many rows as this
+  /// matrix has; if the inversion fails its cells stay as they are then. 0; kEmptyArray, kSizeMismatch (null, or this
+  /// matrix itself), kSingular, kInverseAborted of ZOR_openarrays. No event on either matrix.
+  Integer CalcHatMatrix(BasicMatrix* HatMat) const requires RealCell<T>;
   /// @}
 
   /// \name Statistics of a range; no event
@@ -562,6 +634,10 @@ class ZOR_API BasicMatrix : public TComponent {
   void store_block(Int64 columns, Int64 rows, ColumnAt column_at, Int64 dest_col, Int64 dest_row);
   /// The same told as readers do: OnChange, and OnResize only if the size changed.
   void take_over(T2DArray& made);
+  /// Becomes the result of a computation: Resize, then each cell through SetVal.
+  void store_result(T2DArray& made);
+  /// combine(cells, other's cells) for each column of two matrices of equal size.
+  Boolean combine_with(const BasicMatrix* other, void (*combine)(std::span<T> cells, std::span<const T> others));
   Integer import_asc(const TString& FName, TString& Comment, TStr2DArray* CustData);
   /// Stores the words from next_word in the cells of a row, those that are numbers; ends at an empty word.
   template <class NextWord>
