@@ -37,11 +37,12 @@ Double largest_cell(const TDouble2DArray& a) {
   return largest;
 }
 
-/// 0, kEmptyArray or kNotFinite.
-Integer check(const TDouble2DArray& a) {
+/// 0, kEmptyArray or kNotFinite; and the largest magnitude of the cells.
+Integer check(const TDouble2DArray& a, Double& largest) {
   const auto shape = zor::detail::shape_of(a);
   if (shape.empty() || shape.length[0] != shape.length[1]) return kEmptyArray;
-  return std::isinf(largest_cell(a)) ? kNotFinite : 0;
+  largest = largest_cell(a);
+  return std::isinf(largest) ? kNotFinite : 0;
 }
 
 /// Both triangles in one square, L without its diagonal of ones, and the row of A that stands in each row.
@@ -52,12 +53,12 @@ struct Factors {
 };
 
 /// Without exchanges, if no cell grows too much.
-std::optional<Factors> plain_factors(const TDouble2DArray& a) {
+std::optional<Factors> plain_factors(const TDouble2DArray& a, Double largest) {
   constexpr Double kMostGrowth = 1000.0;
   Factors f{copy_of(a), std::vector<std::size_t>(a.size())};
   std::iota(f.row_of_a.begin(), f.row_of_a.end(), std::size_t{0});
   if (!kernels::factor_in_place(zor::detail::column_pointers(f.cells).data(), a.size())) return {};
-  const Double limit = kMostGrowth * largest_cell(a);
+  const Double limit = kMostGrowth * largest;
   for (std::size_t c = 0; c < a.size(); ++c) {
     const Double* const upper = f.cells[c].data();
     if (!std::all_of(upper, upper + c + 1, [=](Double x) { return std::fabs(x) <= limit; })) return {};
@@ -79,59 +80,67 @@ Factors pivoted_factors(const TDouble2DArray& a) {
   return f;
 }
 
+/// Without exchanges if that goes well.
+Factors factors(const TDouble2DArray& a, Double largest) {
+  std::optional<Factors> plain = plain_factors(a, largest);
+  return plain ? std::move(*plain) : pivoted_factors(a);
+}
+
 /// Takes the triangles apart; row r of L goes to row to[r].
-void take_apart(const Factors& f, const std::vector<std::size_t>& to, TDouble2DArray& l, TDouble2DArray& u) {
+void take_apart(Factors& f, const std::vector<std::size_t>& to, TDouble2DArray& l, TDouble2DArray& u) {
   const std::size_t n = f.cells.size();
-  SetLength(l, static_cast<Int64>(n), static_cast<Int64>(n));
-  SetLength(u, static_cast<Int64>(n), static_cast<Int64>(n));
+  TDouble2DArray lower;
+  zor::detail::set_length_unset(lower, n, n);
   for (std::size_t c = 0; c < n; ++c) {
-    std::copy_n(f.cells[c].data(), c + 1, u[c].data());
-    l[c][to[c]] = 1.0;
-    for (std::size_t r = c + 1; r < n; ++r) l[c][to[r]] = f.cells[c][r];
+    Double *const cells = f.cells[c].data(), *const column = lower[c].data();
+    for (std::size_t r = 0; r < c; ++r) column[to[r]] = 0.0;
+    column[to[c]] = 1.0;
+    for (std::size_t r = c + 1; r < n; ++r) column[to[r]] = cells[r];
+    std::fill(cells + c + 1, cells + n, 0.0);
   }
+  l.swap(lower), u.swap(f.cells);
 }
 
 }  // namespace
 
 Integer LUdecomposition(const TDouble2DArray& A, TDouble2DArray& L, TDouble2DArray& U) {
   if (&L == &U) return kSizeMismatch;
-  if (const Integer code = check(A)) return code;
-  std::optional<Factors> plain = plain_factors(A);
-  const Factors f = plain ? std::move(*plain) : pivoted_factors(A);
-  TDouble2DArray l, u;
-  take_apart(f, f.row_of_a, l, u);
-  if (f.swaps % 2 != 0) {
-    for (Double& x : l[0]) x = -x;
-    for (TDoubleArray& column : u) column[0] = -column[0];
+  Double largest = 0.0;
+  if (const Integer code = check(A, largest)) return code;
+  Factors f = factors(A, largest);
+  const bool odd = f.swaps % 2 != 0;
+  take_apart(f, f.row_of_a, L, U);
+  if (odd) {
+    for (Double& x : L[0]) x = -x;
+    for (TDoubleArray& column : U) column[0] = -column[0];
   }
-  L.swap(l), U.swap(u);
   return 0;
 }
 
 Integer LUPdecomposition(const TDouble2DArray& A, TDouble2DArray& L, TDouble2DArray& U, TInt2DArray& P,
                          Integer& Swaps) {
   if (&L == &U) return kSizeMismatch;
-  if (const Integer code = check(A)) return code;
-  const Factors f = pivoted_factors(A);
-  const std::size_t n = A.size();
-  std::vector<std::size_t> same(n);
-  std::iota(same.begin(), same.end(), std::size_t{0});
-  TDouble2DArray l, u;
-  take_apart(f, same, l, u);
+  Double largest = 0.0;
+  if (const Integer code = check(A, largest)) return code;
+  Factors f = pivoted_factors(A);
+  const std::size_t n = f.cells.size();
   TInt2DArray p;
   SetLength(p, static_cast<Int64>(n), static_cast<Int64>(n));
   for (std::size_t r = 0; r < n; ++r) p[f.row_of_a[r]][r] = 1;
-  L.swap(l), U.swap(u), P.swap(p);
+  std::vector<std::size_t> same(n);
+  std::iota(same.begin(), same.end(), std::size_t{0});
+  take_apart(f, same, L, U);
+  P.swap(p);
   Swaps = f.swaps;
   return 0;
 }
 
 Double Determinant(const TDouble2DArray& A) {
-  const Integer code = check(A);
+  Double largest = 0.0;
+  const Integer code = check(A, largest);
   if (code == kEmptyArray) return 0.0;
   if (code != 0) return std::numeric_limits<Double>::quiet_NaN();
-  std::optional<Factors> plain = plain_factors(A);
-  const Factors f = plain ? std::move(*plain) : pivoted_factors(A);
+  const Factors f = factors(A, largest);
   Double product = f.swaps % 2 != 0 ? -1.0 : 1.0;
   for (std::size_t i = 0; i < f.cells.size(); ++i) product *= f.cells[i][i];
   return product;

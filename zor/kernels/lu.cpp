@@ -183,17 +183,26 @@ bool factor_with(double* const* a, std::size_t n, std::size_t* exchanges, Pivots
   return Factorisation<Pivots>(a, n, exchanges, pivots).factor(0, n);
 }
 
+constexpr std::size_t kCacheLine = 8;
+
+/// Calls move(row, column) for rows by columns cells, a cache line of each column at a time.
+template <class Move>
+void for_cells(std::size_t rows, std::size_t columns, Move move) {
+  for (std::size_t first = 0; first < rows; first += kCacheLine) {
+    const std::size_t end = std::min(first + kCacheLine, rows);
+    for (std::size_t c = 0; c < columns; ++c) {
+      for (std::size_t r = first; r < end; ++r) move(r, c);
+    }
+  }
+}
+
 /// The rows of U from the last one up, each from its diagonal cell on.
 std::unique_ptr<double[]> packed_rows(const double* const* u, std::size_t n) {
   std::unique_ptr<double[]> rows(new double[n * (n + 1) / 2]);
   const auto row_start = [&](std::size_t r) { return rows.get() + (n - r) * (n - r - 1) / 2; };
-  constexpr std::size_t kRows = 8;  // a cache line of each column at a time
-  for (std::size_t r0 = 0; r0 < n; r0 += kRows) {
-    const std::size_t end = std::min(r0 + kRows, n);
-    for (std::size_t c = r0; c < n; ++c) {
-      for (std::size_t r = r0; r < std::min(end, c + 1); ++r) row_start(r)[c - r] = u[c][r];
-    }
-  }
+  for_cells(n, n, [&](std::size_t r, std::size_t c) {
+    if (r <= c) row_start(r)[c - r] = u[c][r];
+  });
   return rows;
 }
 
@@ -242,15 +251,10 @@ bool inverse_of_factors(double* const* lu, std::size_t n, const std::size_t* exc
       columns[i][first + i] = 1.0;
     }
     solve_lower(lu, first, n - first, columns.data(), count);
-    for (std::size_t r = 0; r < n; ++r) {
-      double* const line = block.get() + r * lanes;
-      for (std::size_t i = 0; i < count; ++i) line[i] = columns[i][r];
-      std::fill(line + count, line + lanes, 0.0);
-    }
+    if (count < lanes) std::fill_n(block.get(), n * lanes, 0.0);
+    for_cells(n, count, [&](std::size_t r, std::size_t i) { block[r * lanes + i] = columns[i][r]; });
     loops().substitute(rows.get(), 0, n, block.get() + (n - 1) * lanes);
-    for (std::size_t r = 0; r < n; ++r) {
-      for (std::size_t i = 0; i < count; ++i) columns[i][r] = block[r * lanes + i];
-    }
+    for_cells(n, count, [&](std::size_t r, std::size_t i) { columns[i][r] = block[r * lanes + i]; });
   }
   return true;
 }

@@ -87,7 +87,6 @@ struct Product {
         for (std::size_t row = 0; row < row_end; row += kRowBlock) {
           const std::size_t block_end = std::min(row + kRowBlock, row_end);
           a.pack(kernels, row, block_end, kernels.tile_rows, term, terms, a_panels);
-          if (subtract) std::for_each_n(a_panels, rounded_up(block_end - row, kernels.tile_rows) * terms, negate);
           multiply_block(kernels, row, block_end, column, column_end, terms, a_panels, b_panels, term == 0);
         }
       }
@@ -95,12 +94,11 @@ struct Product {
   }
 
  private:
-  static void negate(double& cell) noexcept { cell = -cell; }
-
   void multiply_block(const ProductTable& kernels, std::size_t row, std::size_t row_end, std::size_t column,
                       std::size_t column_end, std::size_t terms, const double* a_panels, const double* b_panels,
                       bool first_terms) const {
-    const ProductTile tile = uses_portable_kernels() ? kernels.portable : kernels.fused;
+    const ProductTiles& tiles = uses_portable_kernels() ? kernels.portable : kernels.fused;
+    const ProductTile tile = subtract ? tiles.subtract : tiles.add;
     const std::size_t height = kernels.tile_rows, width = kernels.tile_columns;
     const bool from_zero = first_terms && !subtract;
     for (std::size_t j = column; j < column_end; j += width, b_panels += width * terms) {

@@ -11,10 +11,12 @@ namespace {
 
 #if defined(__AVX512F__)
 constexpr std::size_t kTileRegisters = 3, kTileColumns = 8;
-inline VecD fused_multiply_add(VecD a, VecD b, VecD sum) { return (VecD)_mm512_fmadd_pd(a, b, sum); }
-#elif defined(__AVX2__)
+inline VecD fused_add(VecD a, VecD b, VecD sum) { return (VecD)_mm512_fmadd_pd(a, b, sum); }
+inline VecD fused_subtract(VecD a, VecD b, VecD sum) { return (VecD)_mm512_fnmadd_pd(a, b, sum); }
+#elif defined(__FMA__)
 constexpr std::size_t kTileRegisters = 3, kTileColumns = 4;
-inline VecD fused_multiply_add(VecD a, VecD b, VecD sum) { return (VecD)_mm256_fmadd_pd(a, b, sum); }
+inline VecD fused_add(VecD a, VecD b, VecD sum) { return (VecD)_mm256_fmadd_pd(a, b, sum); }
+inline VecD fused_subtract(VecD a, VecD b, VecD sum) { return (VecD)_mm256_fnmadd_pd(a, b, sum); }
 #else
 constexpr std::size_t kTileRegisters = 2, kTileColumns = 4;
 #endif
@@ -23,7 +25,8 @@ constexpr std::size_t kTileRows = kTileRegisters * kLanesD;
 inline VecD load(const double* x) { return *reinterpret_cast<const VecD*>(x); }
 inline void store(double* x, VecD v) { *reinterpret_cast<VecD*>(x) = v; }
 
-inline VecD multiply_add(VecD a, VecD b, VecD sum) { return sum + a * b; }
+inline VecD add(VecD a, VecD b, VecD sum) { return sum + a * b; }
+inline VecD subtract(VecD a, VecD b, VecD sum) { return sum - a * b; }
 
 /// The running cells stay in registers while the terms pass.
 template <VecD Add(VecD, VecD, VecD)>
@@ -110,11 +113,11 @@ extern const ProductTable kProduct;
 const ProductTable kProduct = {kTileRows,
                                kTileColumns,
 #if defined(__FMA__)
-                               tile<fused_multiply_add>,
+                               {tile<fused_add>, tile<fused_subtract>},
 #else
-                               tile<multiply_add>,
+                               {tile<add>, tile<subtract>},
 #endif
-                               tile<multiply_add>,
+                               {tile<add>, tile<subtract>},
                                pack_along,
                                pack_across};
 

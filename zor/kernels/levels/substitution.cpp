@@ -57,15 +57,15 @@ void substitute(const double* row, std::size_t first, std::size_t end, double* l
     const VecD pivot = *row++ - VecD{};
     double* const result = last - t * kLanes;
     VecD cell[kRegisters];
-#pragma GCC unroll 10
+#pragma GCC unroll 12
     for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = load(result + i * kLanesD);
     const double* line = result + kLanes;
     for (std::size_t k = 0; k < t; ++k, line += kLanes) {
       const VecD factor = row[k] - VecD{};
-#pragma GCC unroll 10
+#pragma GCC unroll 12
       for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = Step::subtract(factor, load(line + i * kLanesD), cell[i]);
     }
-#pragma GCC unroll 10
+#pragma GCC unroll 12
     for (std::size_t i = 0; i < kRegisters; ++i) store(result + i * kLanesD, cell[i] / pivot);
   }
 }
