@@ -209,6 +209,8 @@ TEST(MatrixResample, DrawsColumnsAndRows) {
   EXPECT_EQ(m.ResampleExtMat(&source, 50, 120, false, cols, rows), kBadRowShare);
   EXPECT_EQ(m.ResampleExtMat(&source, std::nan(""), 50, false, cols, rows), kBadColumnShare);
   EXPECT_EQ(m.ResampleExtMat(&source, 50, 1e300, true, cols, rows), kBadRowShare);
+  EXPECT_EQ(m.ResampleExtMat(&source, 50, 120, true, cols, rows), kBadRowShare);
+  EXPECT_EQ(m.ResampleExtMat(&source, 120, 50, true, none, rows), kBadColumnShare);
   EXPECT_EQ(Length(cols), 1);
 
   const auto check = [&](Integer expected_cols, Integer expected_rows, Boolean distinct_rows) {
@@ -228,9 +230,10 @@ TEST(MatrixResample, DrawsColumnsAndRows) {
   };
   EXPECT_EQ(m.ResampleExtMat(&source, 50, 33.4, false, cols, rows), 0);
   check(4, 3, true);
-  EXPECT_EQ(m.ResampleExtMat(&source, 100, 300, true, cols, rows), 0);
-  check(8, 27, false);
+  EXPECT_EQ(m.ResampleExtMat(&source, 100, 100, true, cols, rows), 0);
+  check(8, 9, false);
   EXPECT_TRUE(std::ranges::is_sorted(cols));
+  m.Resize(8, 5);
   Listener told(m);
   EXPECT_EQ(m.ResampleExtMat(&source, 100, 100, false, cols, rows), 0);
   EXPECT_EQ(told.take(), "CR" + std::string(72, 'C') + "CR");

@@ -482,8 +482,8 @@ class ZOR_API BasicMatrix : public TComponent {
   /// Becomes a random part of SrcMat with colpct percent of its columns, distinct, in order if they are all, and rowpct
   /// percent of its rows, in random order: distinct, or with BootStrap drawn with replacement. RndColIx and RndRowIx,
   /// which must have storage, get the numbers drawn. Resize, then each cell through SetVal, OnChange, OnResize. SrcMat
-  /// may be this matrix. 0; kNoSourceMatrix; kNoIndexArray; the last of kBadColumnShare and kBadRowShare (no column or
-  /// row left, above 100 % without BootStrap, NaN); kTooManyDistinct. On a code nothing is touched.
+  /// may be this matrix. 0; kNoSourceMatrix; the last of kNoIndexArray, kBadColumnShare and kBadRowShare (no column or
+  /// row left, above 100 %, NaN); kTooManyDistinct. On a code nothing is touched.
   /// \warning Distinct numbers come from FillRandomUniform, see there: they are no fair sample.
   Integer ResampleExtMat(const BasicMatrix* SrcMat, Double colpct, Double rowpct, Boolean BootStrap,
                          TIntArray& RndColIx, TIntArray& RndRowIx) requires RealCell<T>;

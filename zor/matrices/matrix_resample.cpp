@@ -53,13 +53,12 @@ template <Cell T>
 Integer BasicMatrix<T>::ResampleExtMat(const BasicMatrix* SrcMat, Double colpct, Double rowpct, Boolean BootStrap,
                                        TIntArray& RndColIx, TIntArray& RndRowIx) requires RealCell<T> {
   if (!SrcMat) return kNoSourceMatrix;
-  if (RndColIx.empty() || RndRowIx.empty()) return kNoIndexArray;
   const T2DArray source = SrcMat->Mat;  // the same cells: this matrix gets new ones
   const Integer source_cols = Length(source), source_rows = Length(source[0]);
   const Integer cols = share(source_cols, colpct), rows = share(source_rows, rowpct);
-  Integer code = 0;
+  Integer code = RndColIx.empty() || RndRowIx.empty() ? kNoIndexArray : 0;
   if (cols < 1 || colpct > 100.0) code = kBadColumnShare;
-  if (rows < 1 || (rowpct > 100.0 && !BootStrap)) code = kBadRowShare;
+  if (rows < 1 || rowpct > 100.0) code = kBadRowShare;
   if (code != 0) return code;
 
   TIntArray col_ix, row_ix;

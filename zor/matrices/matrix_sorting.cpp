@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <cstdint>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -6,41 +8,15 @@
 #include "zor/matrices/matrix.h"
 
 namespace ZOR_matrix {
-namespace {
 
 namespace kernels = zor::kernels;
-
-/// A key and the place from which it came.
-template <class T>
-struct Entry {
-  T key;
-  std::uint32_t from;
-};
-
-/// Comb sort of the entries from gap n - 1 on, as the sort of the lines themselves would go.
-template <class T>
-void sort_entries(std::vector<Entry<T>>& entries, Boolean ascending) {
-  const auto sort = [&](auto out_of_order) {
-    kernels::comb_sort_with(
-        entries.size(), entries.size() - 1,
-        [&](std::size_t i, std::size_t j) { return out_of_order(entries[i].key, entries[j].key); },
-        [&](std::size_t i, std::size_t j) { std::swap(entries[i], entries[j]); }, [] {});
-  };
-  if (ascending) {
-    sort([](T a, T b) { return a > b; });
-  } else {
-    sort([](T a, T b) { return b > a; });
-  }
-}
-
-}  // namespace
 
 template <Cell T>
 void BasicMatrix<T>::exchange_cells(Integer c1, Integer r1, Integer c2, Integer r2) noexcept {
   if (c1 <= FNCol && c2 <= FNCol && r1 <= FNRow && r2 <= FNRow) std::swap(Mat[c1 - 1][r1 - 1], Mat[c2 - 1][r2 - 1]);
 }
 
-// Without a handler keys are sorted first, then apply(entries) moves each line once. A handler sees each exchange; it
+// Without a handler keys are sorted first, then apply(from) moves each line once. A handler sees each exchange; it
 // may resize the matrix, and a line that is gone is in order.
 template <Cell T>
 template <class Key, class Exchange, class Apply>
@@ -48,10 +24,12 @@ void BasicMatrix<T>::sort_lines(Bounds lines, Boolean ascending, Key key, Exchan
   const std::size_t n = lines.size();
   const auto line = [lines](std::size_t i) { return lines.lo + static_cast<Integer>(i); };
   if (!OnSortExchange) {
-    std::vector<Entry<T>> entries(n);
-    for (std::size_t i = 0; i < n; ++i) entries[i] = {*key(line(i)), static_cast<std::uint32_t>(i)};
-    sort_entries(entries, ascending);
-    apply(entries);
+    std::vector<T> keys(n);
+    std::vector<std::int64_t> from(n);
+    for (std::size_t i = 0; i < n; ++i) keys[i] = *key(line(i));
+    std::iota(from.begin(), from.end(), std::int64_t{0});
+    kernels::comb_sort_pairs(keys, from, n - 1, ascending);
+    apply(std::span<const std::int64_t>(from));
   } else {
     kernels::comb_sort_with(
         n, n - 1,
@@ -79,10 +57,10 @@ void BasicMatrix<T>::SortRows(Integer SortColIx, Boolean Ascending, Integer LowC
     if (outside) exchange_cells(SortColIx, r1, SortColIx, r2);
     SortExchange(2, r1, r2, cols.lo, cols.hi);
   };
-  const auto apply = [&](const std::vector<Entry<T>>& entries) {
-    std::vector<T> sorted(entries.size());
+  const auto apply = [&](std::span<const std::int64_t> from) {
+    std::vector<T> sorted(from.size());
     const auto reorder = [&](std::span<T> cells) {
-      for (std::size_t i = 0; i < sorted.size(); ++i) sorted[i] = cells[entries[i].from];
+      for (std::size_t i = 0; i < sorted.size(); ++i) sorted[i] = cells[static_cast<std::size_t>(from[i])];
       std::copy(sorted.begin(), sorted.end(), cells.begin());
     };
     for_columns(cols, lines, reorder);
@@ -107,13 +85,13 @@ void BasicMatrix<T>::SortCols(Integer SortRowIx, Boolean Ascending, Integer LowC
     if (outside) exchange_cells(c1, SortRowIx, c2, SortRowIx);
     SortExchange(1, c1, c2, within.lo, within.hi);
   };
-  const auto apply = [&](const std::vector<Entry<T>>& entries) {
+  const auto apply = [&](std::span<const std::int64_t> from) {
     const auto reorder = [&](Bounds cells) {
       std::vector<T> sorted;
-      sorted.reserve(entries.size() * cells.size());
-      for (const Entry<T>& entry : entries) {
-        const Integer from = lines.lo + static_cast<Integer>(entry.from);
-        for_columns({from, from}, cells,
+      sorted.reserve(from.size() * cells.size());
+      for (const std::int64_t place : from) {
+        const Integer old = lines.lo + static_cast<Integer>(place);
+        for_columns({old, old}, cells,
                     [&](std::span<T> column) { sorted.insert(sorted.end(), column.begin(), column.end()); });
       }
       auto next = sorted.begin();
