@@ -1,19 +1,22 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <span>
 
+#include "zor/kernels/distances.h"
 #include "zor/matrices/heap_guard_internal.h"
 #include "zor/matrices/matrix.h"
+#include "zor/matrices/transpose_block_internal.h"
 
 namespace ZOR_matrix {
 namespace {
 
-/// Rows that meet one row at once: their sums stay in the first cache.
-constexpr std::size_t kBlock = 256;
+/// Distances are made in square tiles: one stays in the first cache while it goes to both sides of the diagonal.
+constexpr std::size_t kTile = 32;
 
-/// The sums that a distance needs, for up to kBlock pairs of rows. Each takes the columns in order.
+/// The sums that a distance needs, for up to kTile pairs of rows. Each takes the columns in order.
 struct PairSums {
-  std::array<Double, kBlock> xy, xx, yy;
+  std::array<Double, kTile> xy, xx, yy;
 };
 
 /// Sxy, Sxx, Syy of similarities.
@@ -58,16 +61,34 @@ void finish(TDistMode mode, const PairSums& sums, std::size_t n, Double* distanc
 
 constexpr bool is_computed(TDistMode mode) { return mode <= dmDice; }
 
-/// Copies what stands below the diagonal of a square array to above it, in tiles that stay in the cache.
-void mirror_lower(TDouble2DArray& a) {
-  constexpr std::size_t kTile = 32;
-  const std::size_t n = a.size();
-  for (std::size_t c0 = 0; c0 < n; c0 += kTile) {
-    for (std::size_t r0 = c0; r0 < n; r0 += kTile) {
-      const std::size_t c_end = std::min(c0 + kTile, n), r_end = std::min(r0 + kTile, n);
-      for (std::size_t r = r0; r < r_end; ++r)
-        for (std::size_t c = c0; c < std::min(c_end, r); ++c) a[r][c] = a[c][r];
+/// Distances of the rows i0 + i and j0 + j, for i < rows and j < cols, in tile[i * kTile + j].
+void make_tile(TDistMode mode, std::span<const Double* const> columns, std::size_t i0, std::size_t rows, std::size_t j0,
+               std::size_t cols, Double* tile) {
+  if (mode == dmEuclid || mode == dmEuclidSqr) {
+    zor::kernels::euclidean(columns, i0, rows, j0, cols, mode == dmEuclid, tile, kTile);
+    return;
+  }
+  for (std::size_t i = 0; i < rows; ++i) {
+    PairSums sums{};
+    for (const Double* column : columns) add_terms(mode, column[i0 + i], column + j0, cols, sums);
+    finish(mode, sums, cols, tile + i * kTile);
+  }
+}
+
+/// Stores the distances of all pairs of n rows in a square array, zeros on its diagonal.
+void store_distances(TDistMode mode, std::span<const Double* const> columns, std::size_t n, TDouble2DArray& out) {
+  std::array<Double, kTile * kTile> tile;
+  for (std::size_t i0 = 0; i0 < n; i0 += kTile) {
+    const std::size_t rows = std::min(kTile, n - i0);
+    for (std::size_t j0 = i0; j0 < n; j0 += kTile) {
+      const std::size_t cols = std::min(kTile, n - j0);
+      make_tile(mode, columns, i0, rows, j0, cols, tile.data());
+      for (std::size_t i = 0; i < rows; ++i) std::copy_n(tile.data() + i * kTile, cols, out[i0 + i].data() + j0);
+      zor::detail::transpose_block(
+          rows, cols, [&](std::size_t i) { return tile.data() + i * kTile; },
+          [&](std::size_t j) { return out[j0 + j].data() + i0; });
     }
+    for (std::size_t i = i0; i < i0 + rows; ++i) out[i][i] = 0.0;
   }
 }
 
@@ -77,8 +98,7 @@ template <Cell T>
 Double BasicMatrix<T>::DistanceOfObjects(TDistMode Mode, Integer obj1, Integer obj2) const requires RealCell<T> {
   Double distance = 0.0;
   if (is_computed(Mode)) {
-    PairSums sums;
-    sums.xy[0] = sums.xx[0] = sums.yy[0] = 0.0;
+    PairSums sums{};
     for (Integer c = 1; c <= FNCol; ++c) {
       const Double y = GetVal(c, obj2);
       add_terms(Mode, GetVal(c, obj1), &y, 1, sums);
@@ -101,29 +121,18 @@ Integer BasicMatrix<T>::CalcDistMat(TDistMode Mode, BasicMatrix* DMat) const req
   if (const Integer code = check(FNRow); code != 0) return code;
   const Integer rows = FNRow;
   const auto n = static_cast<std::size_t>(rows);
-  T2DArray made;
-  zor::detail::heap_guard(*this, [&] { SetLength(made, rows, rows); });
+  T2DArray made;  // what takes the place of the cells, where they are still needed
+  if (DMat == this || !is_computed(Mode)) zor::detail::heap_guard(*this, [&] { SetLength(made, rows, rows); });
   if (is_computed(Mode)) {
-    PairSums sums;
-    for (std::size_t i = 0; i < n; ++i) {
-      for (std::size_t j = i + 1; j < n; j += kBlock) {
-        const std::size_t count = std::min(kBlock, n - j);
-        std::fill_n(sums.xy.begin(), count, 0.0);
-        std::fill_n(sums.xx.begin(), count, 0.0);
-        std::fill_n(sums.yy.begin(), count, 0.0);
-        for (const TArray& column : Mat) add_terms(Mode, column[i], column.data() + j, count, sums);
-        finish(Mode, sums, count, made[i].data() + j);
-      }
-    }
+    store_distances(Mode, column_pointers(), n, DMat == this ? made : DMat->Mat);
   } else {
     for (std::size_t i = 0; i < n; ++i) {
       for (std::size_t j = i + 1; j < n; ++j)
-        made[i][j] = DistanceOfObjects(Mode, static_cast<Integer>(i + 1), static_cast<Integer>(j + 1));
+        made[i][j] = made[j][i] = DistanceOfObjects(Mode, static_cast<Integer>(i + 1), static_cast<Integer>(j + 1));
     }
     if (const Integer code = check(rows); code != 0) return code;  // a handler may have resized it
   }
-  mirror_lower(made);
-  DMat->set_cells(made);
+  if (!made.empty()) DMat->set_cells(made);
   return 0;
 }
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "zor/base/ZOR_univconst.h"
@@ -122,7 +123,14 @@ void BasicMatrix<T>::MeanVec(TDims Dim, TVector* Means) const requires RealCell<
     }
     for (; c < cols; ++c) means[c] = kernels::sum_in_order({column[c], down});
   } else {
-    for (const TArray& column : Mat) kernels::add(std::span<Double>(means), column);
+    // Running sums of as many rows as stay in the first cache meet all columns.
+    constexpr std::size_t kRows = 1024;
+    const std::span<Double> sums(means);
+    for (std::size_t r = 0; r < sums.size(); r += kRows) {
+      const std::size_t count = std::min(kRows, sums.size() - r);
+      for (const TArray& column : Mat)
+        kernels::add(sums.subspan(r, count), std::span<const T>(column).subspan(r, count));
+    }
   }
   const Double n = Dim == dimCols ? FNRow : FNCol;
   for (Double& x : means) x /= n;
