@@ -21,6 +21,25 @@ void fill(TMatrix& m, const tour::CsvTable& file, const std::vector<std::string>
   for (const auto& name : names) std::ranges::copy(file.numbers(name), edit.Column(++c).begin());
 }
 
+void collinear(tour::Page& page, const TMatrix& r) {
+  page.prose(
+      "The condition number, largest by smallest eigenvalue, is the factor by which errors may grow. The diagonal of "
+      "the inverse tells how much of the variance of a coefficient is due to the other columns; 10 is counted as bad.");
+  // [show]
+  TDouble2DArray a, vectors;
+  TDoubleArray values;
+  SetLength(a, 1, 1);  // grows
+  r.DuplicateDataAsArray(a);
+  EigenDecomposition(a, true, vectors, values);
+  const Double condition = values[0] / values[5];
+  InvertArray(a);
+  // [/show]
+  page.code();
+  std::vector<std::vector<std::string>> rows{{"condition number", short_text(condition, 5)}};
+  for (std::size_t i = 0; i < 6; ++i) rows.push_back({"inflation, " + kEconomy[i], short_text(a[i][i], 5)});
+  page.table({"", "factor"}, rows);
+}
+
 void longley(tour::Page& page) {
   page.section("Longley's economy: six columns, hardly two facts");
   page.prose(
@@ -45,15 +64,17 @@ void longley(tour::Page& page) {
       "Of standardised columns the squared distance is `2 (n - 1) (1 - r)`, with r their correlation. Columns become "
       "objects when the matrix is turned.");
   // [show]
-  TVector mean, deviation;
-  m.StandardizeColumns(&mean, &deviation);
-  const double n = m.NrOfRows();
+  m.StandardizeColumns(nullptr, nullptr);
+  const Double scale = 2.0 * (m.NrOfRows() - 1);
   m.Transpose();
   TMatrix r;
   r.Resize(6, 6);
   m.CalcDistMat(dmEuclidSqr, &r);
-  for (auto edit = r.Edit(); Integer c : {1, 2, 3, 4, 5, 6})
-    for (double& x : edit.Column(c)) x = 1 - x / (2 * (n - 1));
+  auto edit = r.Edit();
+  for (Integer c = 1; c <= 6; ++c)
+    for (Double& x : edit.Column(c)) {
+      x = 1.0 - x / scale;
+    }
   // [/show]
   page.code();
   std::vector<double> cells;
@@ -62,6 +83,7 @@ void longley(tour::Page& page) {
   plot::Chart chart("Correlation of Longley's predictors");
   chart.heat_map(cells, 6, 6, plot::Colours::kDiverging, -1.0, 1.0).cell_names(kEconomy, kEconomy);
   page.figure(chart, "Prices, product and population all grow with the years: four columns tell one story.");
+  collinear(page, r);
 }
 
 void irises(tour::Page& page) {
@@ -81,7 +103,7 @@ void irises(tour::Page& page) {
   Double least, most;
   distance.MinMax(0, 0, 0, 0, least, most);
   TDouble2DArray picture;
-  SetLength(picture, 1, 1);  // an array without cells is refused
+  SetLength(picture, 1, 1);  // grows
   distance.DuplicateDataAsArray(picture);
   MultiplyArrayByScalar(picture, 255.0 / most);
   // [/show]
