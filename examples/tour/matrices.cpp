@@ -21,26 +21,8 @@ void fill(TMatrix& m, const tour::CsvTable& file, const std::vector<std::string>
   for (const auto& name : names) std::ranges::copy(file.numbers(name), edit.Column(++c).begin());
 }
 
-void collinear(tour::Page& page, const TMatrix& r) {
-  page.prose(
-      "The condition number, largest by smallest eigenvalue, is the factor by which errors may grow. The diagonal of "
-      "the inverse tells how much of the variance of a coefficient is due to the other columns; 10 is counted as bad.");
-  // [show]
-  TDouble2DArray a, vectors;
-  TDoubleArray values;
-  SetLength(a, 1, 1);  // grows
-  r.DuplicateDataAsArray(a);
-  EigenDecomposition(a, true, vectors, values);
-  const Double condition = values[0] / values[5];
-  InvertArray(a);
-  // [/show]
-  page.code();
-  std::vector<std::vector<std::string>> rows{{"condition number", short_text(condition, 5)}};
-  for (std::size_t i = 0; i < 6; ++i) rows.push_back({"inflation, " + kEconomy[i], short_text(a[i][i], 5)});
-  page.table({"", "factor"}, rows);
-}
-
-void longley(tour::Page& page) {
+/// Leaves the correlation matrix in r.
+void longley(tour::Page& page, TMatrix& r) {
   page.section("Longley's economy: six columns, hardly two facts");
   page.prose(
       "In 1967 James Longley gave sixteen years of the American economy to the regression programs of his time, and "
@@ -67,7 +49,6 @@ void longley(tour::Page& page) {
   m.StandardizeColumns(nullptr, nullptr);
   const Double scale = 2.0 * (m.NrOfRows() - 1);
   m.Transpose();
-  TMatrix r;
   r.Resize(6, 6);
   m.CalcDistMat(dmEuclidSqr, &r);
   auto edit = r.Edit();
@@ -83,7 +64,26 @@ void longley(tour::Page& page) {
   plot::Chart chart("Correlation of Longley's predictors");
   chart.heat_map(cells, 6, 6, plot::Colours::kDiverging, -1.0, 1.0).cell_names(kEconomy, kEconomy);
   page.figure(chart, "Prices, product and population all grow with the years: four columns tell one story.");
-  collinear(page, r);
+}
+
+void collinear(tour::Page& page, const TMatrix& r) {
+  page.prose(
+      "The condition number, largest by smallest eigenvalue, is the factor by which errors may grow. The diagonal of "
+      "the inverse tells how many times the variance of a coefficient grows because of the other columns; 10 is "
+      "counted as bad.");
+  // [show]
+  TDouble2DArray a, vectors;
+  TDoubleArray values;
+  SetLength(a, 1, 1);  // grows
+  r.DuplicateDataAsArray(a);
+  EigenDecomposition(a, true, vectors, values);
+  const Double condition = values[0] / values[5];
+  InvertArray(a);
+  // [/show]
+  page.code();
+  std::vector<std::vector<std::string>> rows{{"condition number", short_text(condition, 5)}};
+  for (std::size_t i = 0; i < 6; ++i) rows.push_back({"inflation, " + kEconomy[i], short_text(a[i][i], 5)});
+  page.table({"", "factor"}, rows);
 }
 
 void irises(tour::Page& page) {
@@ -124,7 +124,10 @@ void irises(tour::Page& page) {
   page.table({"mean distance", "setosa", "versicolor", "virginica"}, rows);
 }
 
-void run(tour::Page& page) { longley(page), irises(page); }
+void run(tour::Page& page) {
+  TMatrix r;
+  longley(page, r), collinear(page, r), irises(page);
+}
 
 const tour::Register chapter({107, "matrices", "What hangs together?", run});
 
