@@ -42,20 +42,10 @@ void longley(tour::Page& page, TMatrix& r) {
                              {"rows", std::to_string(m.NrOfRows())},
                              {"sum of all cells", short_text(m.Sum(0, 0, 0, 0), 9)},
                              {"the same before", short_text(written.Sum(0, 0, 0, 0), 9)}});
-  page.prose(
-      "Of standardised columns the squared distance is `2 (n - 1) (1 - r)`, with r their correlation. Columns become "
-      "objects when the matrix is turned.");
+  page.prose("Products of standardised columns, summed and divided by n - 1, are their correlations.");
   // [show]
   m.StandardizeColumns(nullptr, nullptr);
-  const Double scale = 2.0 * (m.NrOfRows() - 1);
-  m.Transpose();
-  r.Resize(6, 6);
-  m.CalcDistMat(dmEuclidSqr, &r);
-  auto edit = r.Edit();
-  for (Integer c = 1; c <= 6; ++c)
-    for (Double& x : edit.Column(c)) {
-      x = 1.0 - x / scale;
-    }
+  m.Square(&r, m.NrOfRows() - 1, 1);  // one thread
   // [/show]
   page.code();
   std::vector<double> cells;
@@ -68,22 +58,24 @@ void longley(tour::Page& page, TMatrix& r) {
 
 void collinear(tour::Page& page, const TMatrix& r) {
   page.prose(
-      "The condition number, largest by smallest eigenvalue, is the factor by which errors may grow. The diagonal of "
+      "The condition number, largest by smallest singular value, is the factor by which errors may grow. The diagonal "
+      "of "
       "the inverse tells how many times the variance of a coefficient grows because of the other columns; 10 is "
-      "counted as bad.");
+      "counted "
+      "as bad.");
   // [show]
-  TDouble2DArray a, vectors;
-  TDoubleArray values;
-  SetLength(a, 1, 1);  // grows
-  r.DuplicateDataAsArray(a);
-  EigenDecomposition(a, true, vectors, values);
-  const Double condition = values[0] / values[5];
-  InvertArray(a);
+  TMatrix inverse;
+  inverse.Clone(&r);
+  const Boolean exists = inverse.Invert();
+  Double condition = r.Norm(ntSpectral);
+  condition *= inverse.Norm(ntSpectral);
   // [/show]
   page.code();
-  std::vector<std::vector<std::string>> rows{{"condition number", short_text(condition, 5)}};
-  for (std::size_t i = 0; i < 6; ++i) rows.push_back({"inflation, " + kEconomy[i], short_text(a[i][i], 5)});
-  page.table({"", "factor"}, rows);
+  std::vector<std::vector<std::string>> rows{{"an inverse exists", exists ? "yes" : "no"},
+                                             {"condition number", short_text(condition, 5)}};
+  for (Integer i = 1; i <= 6; ++i)
+    rows.push_back({"inflation, " + kEconomy[static_cast<std::size_t>(i - 1)], short_text(inverse.GetVal(i, i), 5)});
+  page.table({"", "value"}, rows);
 }
 
 void irises(tour::Page& page) {
