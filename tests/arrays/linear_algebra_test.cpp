@@ -102,7 +102,12 @@ TEST(InvertArray, TellsSingularMatrices) {
   EXPECT_EQ(InvertArray(least), 0);
   EXPECT_EQ(InvertArray(less), kSingular);
   EXPECT_EQ(InvertArray(nan), kSingular);
-  // With running differences two equal rows always leave an exact 0.
+  // With running differences two equal rows always leave an exact 0, also across the blocks of the method.
+  for (const Integer n : {33, 70, 150}) {
+    TDouble2DArray a = square(n, noise);
+    for (TDoubleArray& column : a) column[n - 2] = column[n / 3];
+    EXPECT_EQ(InvertArray(a), kSingular) << n;
+  }
   for (Integer n = 2; n < 12; ++n) {
     for (int round = 0; round < 100; ++round) {
       TDouble2DArray a = square(n, noise);
@@ -111,6 +116,15 @@ TEST(InvertArray, TellsSingularMatrices) {
       ASSERT_EQ(InvertArray(a), kSingular) << n << ": rows " << first << " and " << second;
     }
   }
+}
+
+TEST(InvertArray, WritesTheCellsThatOtherHandlesSee) {
+  TDouble2DArray a = {{2, 0}, {0, 4}};
+  const TDouble2DArray other = a;
+  const TDoubleArray column = a[1];
+  EXPECT_EQ(InvertArray(a), 0);
+  EXPECT_THAT(cells(other), ElementsAre(0.5, 0, 0, 0.25));
+  EXPECT_THAT(column, ElementsAre(0, 0.25));
 }
 
 TEST(InvertArray, LeavesAResidualOfRoundingSize) {
@@ -154,6 +168,14 @@ TEST(InvertArray, StepsOnceForEachColumnOfFactorsAndInverse) {
   ProcStat = 0.0;
   EXPECT_EQ(InvertArray(seen), kInverseAborted);
   EXPECT_EQ(ProcStat, 7.0);
+  AbortMathProc = false;
+  seen = square(5, noise);
+  MathFeedBackProc = [](Double) {
+    for (TDoubleArray& column : seen) column = {3};
+  };
+  EXPECT_EQ(InvertArray(seen), kNotInvertible) << "not the square any more";
+  EXPECT_THAT(cells(seen), ElementsAre(3, 3, 3, 3, 3));
+  AbortMathProc = true;
   MathFeedBackProc = nullptr;
   TDouble2DArray untouched = {{2}};
   EXPECT_EQ(InvertArray(untouched), kInverseAborted) << "AbortMathProc is not cleared";
@@ -191,6 +213,7 @@ TEST(LUdecomposition, RefusesWithoutTouchingTheOutputs) {
   TDouble2DArray l = {{9}}, u = {{8}};
   EXPECT_EQ(LUdecomposition({{1, 2}}, l, u), kEmptyArray);
   EXPECT_EQ(LUdecomposition({{1, kInf}, {2, 3}}, l, u), kNotFinite);
+  EXPECT_EQ(LUdecomposition({{1e308, -1e308}, {1e308, 1e308}}, l, u), kNotFinite) << "U would hold 2e308";
   EXPECT_EQ(LUdecomposition({{1}}, l, l), kSizeMismatch);
   EXPECT_THAT(cells(l), ElementsAre(9));
   EXPECT_THAT(cells(u), ElementsAre(8));

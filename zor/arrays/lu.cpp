@@ -12,6 +12,7 @@
 #include "zor/arrays/walk_internal.h"
 #include "zor/base/ZOR_zorbase.h"
 #include "zor/kernels/lu.h"
+#include "zor/kernels/reflections.h"
 
 namespace ZOR_openarrays {
 namespace {
@@ -25,14 +26,13 @@ TDouble2DArray copy_of(const TDouble2DArray& a) {
   return made;
 }
 
-/// The largest magnitude of the cells; infinite if one is not finite.
+/// The largest magnitude of the cells; infinite or NaN if one is not finite.
 Double largest_cell(const TDouble2DArray& a) {
   Double largest = 0.0;
   for (const TDoubleArray& column : a) {
-    for (const Double x : column) {
-      if (!std::isfinite(x)) return std::numeric_limits<Double>::infinity();
-      largest = std::max(largest, std::fabs(x));
-    }
+    const Double in_column = kernels::largest_magnitude(column.data(), column.size());
+    if (!(in_column <= largest)) largest = in_column;
+    if (!std::isfinite(largest)) break;
   }
   return largest;
 }
@@ -42,7 +42,7 @@ Integer check(const TDouble2DArray& a, Double& largest) {
   const auto shape = zor::detail::shape_of(a);
   if (shape.empty() || shape.length[0] != shape.length[1]) return kEmptyArray;
   largest = largest_cell(a);
-  return std::isinf(largest) ? kNotFinite : 0;
+  return std::isfinite(largest) ? 0 : kNotFinite;
 }
 
 /// Both triangles in one square, L without its diagonal of ones, and the row of A that stands in each row.
@@ -57,12 +57,8 @@ std::optional<Factors> plain_factors(const TDouble2DArray& a, Double largest) {
   constexpr Double kMostGrowth = 1000.0;
   Factors f{copy_of(a), std::vector<std::size_t>(a.size())};
   std::iota(f.row_of_a.begin(), f.row_of_a.end(), std::size_t{0});
-  if (!kernels::factor_in_place(zor::detail::column_pointers(f.cells).data(), a.size())) return {};
-  const Double limit = kMostGrowth * largest;
-  for (std::size_t c = 0; c < a.size(); ++c) {
-    const Double* const upper = f.cells[c].data();
-    if (!std::all_of(upper, upper + c + 1, [=](Double x) { return std::fabs(x) <= limit; })) return {};
-  }
+  const Double limit = std::min(kMostGrowth * largest, std::numeric_limits<Double>::max());
+  if (!kernels::factor_in_place(zor::detail::column_pointers(f.cells).data(), a.size(), limit)) return {};
   return f;
 }
 
@@ -86,19 +82,19 @@ Factors factors(const TDouble2DArray& a, Double largest) {
   return plain ? std::move(*plain) : pivoted_factors(a);
 }
 
-/// Takes the triangles apart; row r of L goes to row to[r].
-void take_apart(Factors& f, const std::vector<std::size_t>& to, TDouble2DArray& l, TDouble2DArray& u) {
-  const std::size_t n = f.cells.size();
-  TDouble2DArray lower;
-  zor::detail::set_length_unset(lower, n, n);
+/// Leaves U in the square and gives L; row r of it goes to row to[r].
+TDouble2DArray take_out_lower(TDouble2DArray& cells, const std::vector<std::size_t>& to) {
+  const std::size_t n = cells.size();
+  TDouble2DArray l;
+  zor::detail::set_length_unset(l, n, n);
   for (std::size_t c = 0; c < n; ++c) {
-    Double *const cells = f.cells[c].data(), *const column = lower[c].data();
+    Double* const from = cells[c].data();
+    Double* const column = l[c].data();
     for (std::size_t r = 0; r < c; ++r) column[to[r]] = 0.0;
     column[to[c]] = 1.0;
-    for (std::size_t r = c + 1; r < n; ++r) column[to[r]] = cells[r];
-    std::fill(cells + c + 1, cells + n, 0.0);
+    for (std::size_t r = c + 1; r < n; ++r) column[to[r]] = std::exchange(from[r], 0.0);
   }
-  l.swap(lower), u.swap(f.cells);
+  return l;
 }
 
 }  // namespace
@@ -108,12 +104,13 @@ Integer LUdecomposition(const TDouble2DArray& A, TDouble2DArray& L, TDouble2DArr
   Double largest = 0.0;
   if (const Integer code = check(A, largest)) return code;
   Factors f = factors(A, largest);
-  const bool odd = f.swaps % 2 != 0;
-  take_apart(f, f.row_of_a, L, U);
-  if (odd) {
-    for (Double& x : L[0]) x = -x;
-    for (TDoubleArray& column : U) column[0] = -column[0];
+  if (!std::isfinite(largest_cell(f.cells))) return kNotFinite;
+  TDouble2DArray l = take_out_lower(f.cells, f.row_of_a);
+  if (f.swaps % 2 != 0) {
+    for (Double& x : l[0]) x = 0.0 - x;
+    for (TDoubleArray& column : f.cells) column[0] = 0.0 - column[0];
   }
+  L.swap(l), U.swap(f.cells);
   return 0;
 }
 
@@ -123,14 +120,15 @@ Integer LUPdecomposition(const TDouble2DArray& A, TDouble2DArray& L, TDouble2DAr
   Double largest = 0.0;
   if (const Integer code = check(A, largest)) return code;
   Factors f = pivoted_factors(A);
-  const std::size_t n = f.cells.size();
+  if (!std::isfinite(largest_cell(f.cells))) return kNotFinite;
+  const std::size_t n = A.size();
+  std::vector<std::size_t> same(n);
+  std::iota(same.begin(), same.end(), std::size_t{0});
+  TDouble2DArray l = take_out_lower(f.cells, same);
   TInt2DArray p;
   SetLength(p, static_cast<Int64>(n), static_cast<Int64>(n));
   for (std::size_t r = 0; r < n; ++r) p[f.row_of_a[r]][r] = 1;
-  std::vector<std::size_t> same(n);
-  std::iota(same.begin(), same.end(), std::size_t{0});
-  take_apart(f, same, L, U);
-  P.swap(p);
+  L.swap(l), U.swap(f.cells), P.swap(p);
   Swaps = f.swaps;
   return 0;
 }

@@ -10,7 +10,7 @@
 
 namespace ZOR_openarrays {
 
-inline constexpr Integer kNotFinite = -2;  ///< A cell is infinite or NaN.
+inline constexpr Integer kNotFinite = -2;  ///< A cell of A is infinite or NaN, or one of the factors overflowed.
 
 /// A = L U always, and the product of the diagonal of U is always the determinant. L is unit lower triangular and U
 /// upper triangular if that goes well: no pivot is 0 above cells other than 0, and no cell of U exceeds 1000 times the

@@ -1,10 +1,9 @@
 #include "zor/arrays/matrix_inverse.h"
 
-#include <algorithm>
-#include <array>
 #include <vector>
 
 #include "zor/arrays/column_pointers_internal.h"
+#include "zor/arrays/copy_cells_internal.h"
 #include "zor/arrays/matrix_product.h"
 #include "zor/arrays/shape.h"
 #include "zor/arrays/walk_internal.h"
@@ -24,23 +23,27 @@ Integer InvertArray(TDouble2DArray& A) {
   const std::size_t n = shape.length[0];
   if (n == 0 || n != shape.length[1]) return kNotInvertible;
   if (AbortMathProc) return kInverseAborted;
-  // A feedback procedure may reassign A: the work goes on in cells of its own.
-  TDouble2DArray factors, inverse;
-  if (zor::detail::DynArrayAccess::has_own(A, n, n)) {
-    factors = A;
-  } else {
-    zor::detail::set_length_unset(factors, n, n);
-    for (std::size_t c = 0; c < n; ++c) std::copy_n(A[c].data(), n, factors[c].data());
-  }
+  // A feedback procedure may give A or its columns another size: the work keeps hold of the cells of now.
+  std::vector<TDoubleArray> held(A.begin(), A.end());
+  std::vector<Double*> columns;
+  for (TDoubleArray& column : held) columns.push_back(column.data());
+  TDouble2DArray inverse;
   zor::detail::set_length_unset(inverse, n, n);
-  const std::vector<Double*> columns = zor::detail::column_pointers(factors);
   std::vector<std::size_t> exchanges(n);
-  const kernels::Factored outcome = kernels::factor_scaled(columns.data(), n, exchanges.data(), step_aborts);
-  const bool done = outcome == kernels::Factored::done &&
-                    kernels::inverse_of_factors(columns.data(), n, exchanges.data(),
-                                                zor::detail::column_pointers(inverse).data(), step_aborts);
-  A.swap(done ? inverse : factors);
-  return done ? 0 : outcome == kernels::Factored::singular ? kSingular : kInverseAborted;
+  switch (kernels::factor_scaled(columns.data(), n, exchanges.data(), step_aborts)) {
+    case kernels::Factored::singular:
+      return kSingular;
+    case kernels::Factored::aborted:
+      return kInverseAborted;
+    case kernels::Factored::done:
+      break;
+  }
+  if (!kernels::inverse_of_factors(columns.data(), n, exchanges.data(), zor::detail::column_pointers(inverse).data(),
+                                   step_aborts))
+    return kInverseAborted;
+  if (zor::detail::shape_of(A) != shape) return kNotInvertible;
+  for (std::size_t c = 0; c < n; ++c) zor::detail::copy_run(inverse[c].data(), n, A[c].data());
+  return 0;
 }
 
 Integer CalcHatMatrix(const TDouble2DArray& X, TDouble2DArray& H) {
@@ -56,8 +59,9 @@ Integer CalcHatMatrix(const TDouble2DArray& X, TDouble2DArray& H) {
   }
   MultiplyArrays(turned, x, gram);
   if (const Integer code = InvertArray(gram)) return code;
-  MultiplyArrays(x, gram, left);
-  MultiplyArrays(left, turned, hat);
+  // The inversion's feedback may have given a column of X another size.
+  if (const Integer code = MultiplyArrays(x, gram, left)) return code;
+  if (const Integer code = MultiplyArrays(left, turned, hat)) return code;
   H.swap(hat);
   return 0;
 }

@@ -9,6 +9,7 @@
 #include "zor/kernels/dispatch.h"
 #include "zor/kernels/levels/substitution.h"
 #include "zor/kernels/product.h"
+#include "zor/kernels/reflections.h"
 #include "zor/portable_kernels.h"
 
 namespace zor::kernels {
@@ -38,14 +39,15 @@ void solve_lower(double* const* l, std::size_t first, std::size_t size, double* 
 /// accept(j) sees it in its place and tells whether the column is to be divided by it.
 class NoExchange {
  public:
-  explicit NoExchange(double* const* a, std::size_t n) : a_(a), n_(n) {}
+  NoExchange(double* const* a, std::size_t n, double limit) : a_(a), n_(n), limit_(limit) {}
   bool begin_column() { return valid_; }
   std::size_t choose(std::size_t j) { return j; }
   void exchanged(std::size_t, std::size_t) {}
   bool accept(std::size_t j) {
     const double* const column = a_[j];
-    if (column[j] != 0.0) return true;
-    valid_ = std::all_of(column + j, column + n_, [](double x) { return x == 0.0; });
+    valid_ = largest_magnitude(column, j + 1) <= limit_;
+    if (column[j] != 0.0) return valid_;
+    valid_ = valid_ && std::all_of(column + j, column + n_, [](double x) { return x == 0.0; });
     return false;
   }
   bool valid() const { return valid_; }
@@ -53,6 +55,7 @@ class NoExchange {
  private:
   double* const* a_;
   std::size_t n_;
+  double limit_;
   bool valid_ = true;
 };
 
@@ -220,8 +223,8 @@ void factor_partial(double* const* a, std::size_t n, std::size_t* exchanges) {
   factor_with(a, n, exchanges, pivots);
 }
 
-bool factor_in_place(double* const* a, std::size_t n) {
-  NoExchange pivots(a, n);
+bool factor_in_place(double* const* a, std::size_t n, double limit) {
+  NoExchange pivots(a, n, limit);
   std::vector<std::size_t> exchanges(n);
   return factor_with(a, n, exchanges.data(), pivots) && pivots.valid();
 }

@@ -29,8 +29,9 @@ ZOR_API Factored factor_scaled(double* const* a, std::size_t n, std::size_t* exc
 /// it then holds zeros.
 ZOR_API void factor_partial(double* const* a, std::size_t n, std::size_t* exchanges);
 
-/// No exchange of rows. False, with the matrix partly factored, if a pivot is 0 with a cell other than 0 below it.
-ZOR_API bool factor_in_place(double* const* a, std::size_t n);
+/// No exchange of rows. False, with the matrix partly factored, if a pivot is 0 with a cell other than 0 below it, or a
+/// cell of U is not a number of at most the magnitude `limit`.
+ZOR_API bool factor_in_place(double* const* a, std::size_t n, double limit);
 
 /// The inverse of the matrix whose factors are `lu`, into `inverse`. `step` is called once for each column of it; false
 /// if it asked for an end. Unit vectors are substituted: forward, then backward, with the terms of each cell in

@@ -35,6 +35,10 @@ void multiply(double* x, std::size_t n, double factor) {
 
 double dot_in_eight(const double* x, const double* y, std::size_t n) noexcept { return table().dot(x, y, n); }
 
+double largest_magnitude(const double* x, std::size_t n) noexcept {
+  return std::bit_cast<double>(table().largest(x, n));
+}
+
 double hypotenuse(double a, double b) noexcept {
   const double sum = a * a + b * b;
   if (has_square_root(sum)) return std::sqrt(sum);
@@ -58,7 +62,7 @@ double scale_matrix(double* const* a, std::size_t cols, std::size_t rows) noexce
 }
 
 void normalize(double* x, std::size_t n) noexcept {
-  multiply(x, n, power_to_one(std::bit_cast<double>(table().largest(x, n))));
+  multiply(x, n, power_to_one(largest_magnitude(x, n)));
   multiply(x, n, 1.0 / std::sqrt(dot_in_eight(x, x, n)));
 }
 
@@ -66,7 +70,7 @@ Reflection make_reflection(double* x, std::size_t n) noexcept {
   double scale = 1.0;
   double rest = dot_in_eight(x + 1, x + 1, n - 1);
   if (!has_square_root(x[0] * x[0] + rest)) {
-    const double largest = std::bit_cast<double>(table().largest(x, n));
+    const double largest = largest_magnitude(x, n);
     if (largest != 0.0) {
       scale = power_to_one(largest);
       multiply(x, n, scale);

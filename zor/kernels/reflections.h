@@ -17,6 +17,9 @@ ZOR_API double dot_in_eight(const double* x, const double* y, std::size_t n) noe
 /// The square root of a a + b b, neither overflowing nor losing digits where the squares leave the range of numbers.
 ZOR_API double hypotenuse(double a, double b) noexcept;
 
+/// The largest of the magnitudes of x, 0.0 of no cells; infinite or NaN if a cell is not finite.
+ZOR_API double largest_magnitude(const double* x, std::size_t n) noexcept;
+
 /// Multiplies a matrix by a power of 2 so that its largest cell lies near 1, and returns that factor: 1.0 where the
 /// cell lies between 2^-100 and 2^100 already, or is 0. NaN, with nothing changed, if a cell is not finite.
 ZOR_API double scale_matrix(double* const* a, std::size_t cols, std::size_t rows) noexcept;
