@@ -91,6 +91,25 @@ TEST(Elementwise, AxpyRoundsProductAndSumApart) {
   });
 }
 
+TEST(Elementwise, RoundingToIntegersTakesTiesToEvenAndStopsAtTheLimits) {
+  const double inf = std::numeric_limits<double>::infinity(), nan = std::numeric_limits<double>::quiet_NaN();
+  constexpr Int low = std::numeric_limits<Int>::min(), high = std::numeric_limits<Int>::max();
+  const std::vector<double> x = {2.5,   -2.5,         0.5,           -0.5,          1.5,  0.49999999999999994,
+                                 -1.5,  2147483646.5, 2147483647.4,  -2147483648.5, 3e9,  -3e9,
+                                 inf,   -inf,         -2147483647.5, nan,           -nan, -0.0,
+                                 1e-310};
+  const std::vector<Int> expected = {2,    -2,  0,    0,   2,   0, -2, 2147483646, high, low,
+                                     high, low, high, low, low, 0, 0,  0,          0};
+  on_every_level([&] {
+    for (const std::size_t n : {std::size_t{1}, std::size_t{7}, x.size()}) {
+      std::vector<Int> out(n + 1, 77);
+      round_to_integers(std::span(x).first(n), std::span(out).first(n));
+      EXPECT_TRUE(std::equal(out.begin(), out.end() - 1, expected.begin())) << n;
+      EXPECT_EQ(out.back(), 77);
+    }
+  });
+}
+
 TEST(Elementwise, FillReachesEveryCellAndNoOther) {
   on_every_level([] {
     for (const std::size_t n : kLengths) {

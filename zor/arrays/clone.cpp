@@ -1,28 +1,14 @@
 #include "zor/arrays/clone.h"
 
 #include <algorithm>
-#include <limits>
+#include <concepts>
 
 #include "zor/arrays/walk_internal.h"
+#include "zor/kernels/elementwise.h"
+#include "zor/kernels/rearrange.h"
 
 namespace ZOR_openarrays {
 namespace {
-
-/// A cell in the type of another array. The limits come before the rounding, so that the loop over this has no branch.
-/// As a lambda it is part of the loop, where a pointer to a function would be called.
-template <class To, class From>
-constexpr auto cell_as = [](From x) noexcept -> To {
-  if constexpr (std::same_as<To, Integer> && std::same_as<From, Double>) {
-    constexpr Double kLow = std::numeric_limits<Integer>::min(), kHigh = std::numeric_limits<Integer>::max();
-    constexpr Double kWhole = 0x1.8p52;  // adding it rounds to whole numbers, ties to even
-    Double y = x < kLow ? kLow : x;
-    y = y > kHigh ? kHigh : y;
-    y = x == x ? y : 0.0;
-    return static_cast<Integer>((y + kWhole) - kWhole);
-  } else {
-    return static_cast<To>(x);
-  }
-};
 
 template <class S, class D>
 Integer clone(const S& src, D& dest) {
@@ -31,16 +17,15 @@ Integer clone(const S& src, D& dest) {
   const auto shape = zor::detail::shape_of(src);
   if (shape.empty()) return kEmptyArray;
   const auto convert = [](std::span<const From> x, std::span<To> out) {
-    std::ranges::transform(x, out.begin(), cell_as<To, From>);
-  };
-  const auto copy = [](std::span<const From> x, std::span<To> out) { std::ranges::copy(x, out.begin()); };
-  zor::detail::write_result(dest, shape, [&](D& out) {
-    if constexpr (std::same_as<From, To>) {
-      zor::detail::for_runs(shape, copy, src, out);
+    if constexpr (std::same_as<From, Double> && std::same_as<To, Integer>) {
+      zor::kernels::round_to_integers(x, out);
+    } else if constexpr (std::same_as<From, Double> && std::same_as<To, Double>) {
+      zor::kernels::copy(x, out);
     } else {
-      zor::detail::for_runs(shape, convert, src, out);
+      std::ranges::transform(x, out.begin(), [](From cell) { return static_cast<To>(cell); });
     }
-  });
+  };
+  zor::detail::write_result(dest, shape, [&](D& out) { zor::detail::for_runs(shape, convert, src, out); });
   return 0;
 }
 
@@ -51,8 +36,12 @@ Integer clone_reversed(const S& src, D& dest) {
   const auto shape = zor::detail::shape_of(source);
   if (shape.empty()) return kEmptyArray;
   zor::detail::write_result(dest, shape, [&](D& out) {
-    std::transform(std::make_reverse_iterator(source.end()), std::make_reverse_iterator(source.begin()), out.begin(),
-                   cell_as<CellType<D>, CellType<S>>);
+    if constexpr (std::same_as<CellType<S>, CellType<D>>) {
+      std::ranges::reverse_copy(source, out.begin());
+    } else {
+      clone(source, out);
+      std::ranges::reverse(out);
+    }
   });
   return 0;
 }

@@ -1,8 +1,11 @@
 #include "zor/arrays/shape.h"
 
 #include <algorithm>
+#include <concepts>
+#include <vector>
 
 #include "zor/arrays/copy_cells_internal.h"
+#include "zor/kernels/rearrange.h"
 
 namespace ZOR_openarrays {
 namespace {
@@ -25,16 +28,24 @@ void swap_cells(A& x, A& y) noexcept {
 template <class A>
 void flip(A& a, Integer depth) noexcept {
   if (depth == 0) {
+    if constexpr (kRank<A> == 1) return zor::kernels::reverse(std::span<CellType<A>>(a));
     for (std::size_t i = 0, j = a.size(); i + 1 < j; ++i) swap_cells(a[i], a[--j]);
   } else if constexpr (kRank<A> != 1) {
     for (auto& inner : a) flip(inner, depth - 1);
   }
 }
 
-/// Hands target(c, r) the cell a[c][r]; block by block, so that the cache lines of columns and of rows are both used to
-/// the end. row(r) is where the cells of row r go.
+/// Puts cell a[c][r] at row(r)[c]; block by block, so that the cache lines of columns and of rows are both used to the
+/// end.
 template <class A, class Row>
 void transpose(const A& a, std::size_t rows, Row row) {
+  if constexpr (std::same_as<CellType<A>, Double>) {
+    std::vector<const Double*> columns(a.size());
+    std::ranges::transform(a, columns.begin(), [](const TDoubleArray& column) { return column.data(); });
+    std::vector<Double*> lines(rows);
+    for (std::size_t r = 0; r < rows; ++r) lines[r] = row(r);
+    return zor::kernels::transpose(columns.data(), columns.size(), lines.data(), rows);
+  }
   constexpr std::size_t kBlock = 32;
   const std::size_t cols = a.size();
   for (std::size_t r0 = 0; r0 < rows; r0 += kBlock) {

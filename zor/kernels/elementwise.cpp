@@ -72,6 +72,10 @@ void absolute(std::span<const Int> x, std::span<Int> out) noexcept {
 }
 void absolute(std::span<Int> x) noexcept { absolute(x, x); }
 
+void round_to_integers(std::span<const double> x, std::span<Int> out) noexcept {
+  table().round_to_integers(x.data(), out.data(), out.size());
+}
+
 void axpy(double a, std::span<const double> x, std::span<double> y) noexcept {
   table().axpy(a, x.data(), y.data(), y.size());
 }

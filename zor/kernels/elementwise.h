@@ -59,6 +59,9 @@ ZOR_API void absolute(std::span<std::int32_t> x) noexcept;
 ZOR_API void absolute(std::span<const double> x, std::span<double> out) noexcept;
 ZOR_API void absolute(std::span<const std::int32_t> x, std::span<std::int32_t> out) noexcept;
 
+/// out[i] = x[i] rounded to a whole number, ties to even; what is beyond a 32-bit integer gives the nearest one, NaN 0.
+ZOR_API void round_to_integers(std::span<const double> x, std::span<std::int32_t> out) noexcept;
+
 /// y[i] += a * x[i], product and sum rounded apart.
 ZOR_API void axpy(double a, std::span<const double> x, std::span<double> y) noexcept;
 

@@ -71,6 +71,30 @@ template <class T>
 void absolute(const T* x, T* out, std::size_t n) {
   map(x, out, n, [](auto p) { return magnitude(p); });
 }
+/// As many integers as a register has doubles.
+typedef std::int32_t Half __attribute__((vector_size(ZOR_VECTOR_BYTES / 2), aligned(4), may_alias));
+
+inline Half truncated(VecD v) { return __builtin_convertvector(v, Half); }
+inline std::int32_t truncated(double v) { return static_cast<std::int32_t>(v); }
+inline VecD number_or_zero(VecD v) { return (VecD)((VecL)v & (VecL)(v == v)); }
+inline double number_or_zero(double v) { return v == v ? v : 0.0; }
+
+// The limits come before the rounding, so that no cell takes a branch; adding 1.5 * 2^52 rounds, ties to even.
+inline auto round_saturated(auto x, auto low, auto high, auto whole) {
+  auto y = number_or_zero(x);
+  y = y < low ? low : y;
+  y = y > high ? high : y;
+  return truncated((y + whole) - whole);
+}
+void round_to_integers(const double* x, std::int32_t* out, std::size_t n) {
+  constexpr double low = INT32_MIN, high = INT32_MAX, whole = 0x1.8p52;
+  const VecD lows = low - VecD{}, highs = high - VecD{}, wholes = whole - VecD{};
+  std::size_t i = 0;
+  for (; i + kLanesD <= n; i += kLanesD) {
+    *reinterpret_cast<Half*>(out + i) = round_saturated(load(x + i, Register{}), lows, highs, wholes);
+  }
+  for (; i < n; ++i) out[i] = round_saturated(x[i], low, high, whole);
+}
 void axpy(double a, const double* x, double* y, std::size_t n) {
   map<double>(y, x, y, n, [a](auto p, auto q) { return p + q * a; });
 }
@@ -83,6 +107,7 @@ constexpr ElementwiseLoops<T> kLoops = {fill<T>, add<T>, subtract<T>, multiply<T
 
 }  // namespace
 
-extern const ElementwiseTable kElementwise = {kLoops<double>, kLoops<std::uint32_t>, axpy, shift_scale};
+extern const ElementwiseTable kElementwise = {kLoops<double>, kLoops<std::uint32_t>, round_to_integers, axpy,
+                                              shift_scale};
 
 }  // namespace zor::kernels::ZOR_LEVEL

@@ -21,6 +21,7 @@ struct ElementwiseLoops {
 struct ElementwiseTable {
   ElementwiseLoops<double> real;
   ElementwiseLoops<std::uint32_t> integer;
+  void (*round_to_integers)(const double* x, std::int32_t* out, std::size_t n);
   void (*axpy)(double a, const double* x, double* y, std::size_t n);
   void (*shift_scale)(const double* x, double a, double b, double* out, std::size_t n);
 };
