@@ -70,6 +70,15 @@ constexpr auto peer_scale = [](auto& d) {
   d.z = d.x * 1.5;
   return [&d] { return flat(d.z); };
 };
+constexpr auto scale_fresh = [](auto& d) {
+  std::remove_reference_t<decltype(d.res)> res;
+  MultiplyArrayByScalar(d.a, 1.5, res);
+  return [res = std::move(res)] { return flat(res); };
+};
+constexpr auto peer_scale_fresh = [](auto& d) {
+  std::remove_reference_t<decltype(d.z)> z = d.x * 1.5;
+  return [z = std::move(z)] { return flat(z); };
+};
 constexpr auto square = [](std::size_t n) { return static_cast<double>(n * n); };
 
 ZOR_BENCH_PAIR(AddArraysD1, lines, add, peer_add, bench::equal).against("Eigen").goal(1.05).sizes({10'000, 1'000'000});
@@ -94,6 +103,15 @@ ZOR_BENCH_PAIR(MultiplyArrayByScalarD1, lines, scale, peer_scale, bench::equal)
 ZOR_BENCH_PAIR(MultiplyArrayByScalarD2, planes, scale, peer_scale, bench::equal)
     .against("Eigen")
     .goal(1.05)
+    .sizes({1000})
+    .items(square);
+ZOR_BENCH_PAIR(MultiplyArrayByScalarD1Fresh, lines, scale_fresh, peer_scale_fresh, bench::equal)
+    .against("Eigen")
+    .goal(1.4)
+    .sizes({10'000, 1'000'000});
+ZOR_BENCH_PAIR(MultiplyArrayByScalarD2Fresh, planes, scale_fresh, peer_scale_fresh, bench::equal)
+    .against("Eigen")
+    .goal(1.4)
     .sizes({1000})
     .items(square);
 ZOR_BENCH_RATE(FillRandomUniformD1, lines, [](Lines& d) {

@@ -35,7 +35,8 @@ ZOR_BENCH_PAIR(
     bench::equal)
     .against("Eigen minCoeff and maxCoeff")
     .goal(0.6)
-    .sizes({1'000'000});
+    .sizes({1'000'000})
+    .remark("0.57 to 0.81 in runs beside other work: one pass of memory against two");
 
 ZOR_BENCH_PAIR(
     MeanArray, line,
@@ -48,7 +49,9 @@ ZOR_BENCH_PAIR(
     .against("Eigen")
     .goal(1.0)
     .sizes({1'000'000})
-    .remark("ours sums with twice the precision: six operations for each cell against one");
+    .remark(
+        "ours sums with twice the precision, to the last bit the mean of MeanVarArray: seven operations a cell against "
+        "one");
 
 ZOR_BENCH_PAIR(
     StdDevArray, line,
@@ -62,7 +65,7 @@ ZOR_BENCH_PAIR(
     .against("Eigen, two passes")
     .goal(1.0)
     .sizes({1'000'000})
-    .remark("ours sums with twice the precision");
+    .remark("ours carries sum and squares in twice the precision; both of one pass");
 
 }  // namespace
 }  // namespace ZOR_openarrays
