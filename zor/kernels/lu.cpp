@@ -199,15 +199,20 @@ void for_cells(std::size_t rows, std::size_t columns, Move move) {
   }
 }
 
-/// The rows of U from the last one up, each from its diagonal cell on.
-std::unique_ptr<double[]> packed_rows(const double* const* u, std::size_t n) {
-  std::unique_ptr<double[]> rows(new double[n * (n + 1) / 2]);
-  const auto row_start = [&](std::size_t r) { return rows.get() + (n - r) * (n - r - 1) / 2; };
-  for_cells(n, n, [&](std::size_t r, std::size_t c) {
-    if (r <= c) row_start(r)[c - r] = u[c][r];
-  });
-  return rows;
-}
+/// Both triangles by rows: those of L from the first one down, each up to its diagonal cell, which is left out, and
+/// those of U from the last one up, each from its diagonal cell on.
+class PackedRows {
+ public:
+  PackedRows(const double* const* lu, std::size_t n) : n_(n), cells_(new double[n * n]) {
+    for_cells(n, n, [&](std::size_t r, std::size_t c) { *(c < r ? lower(r) + c : upper(r) + c - r) = lu[c][r]; });
+  }
+  double* lower(std::size_t r) { return cells_.get() + r * (r - 1) / 2; }
+  double* upper(std::size_t r) { return cells_.get() + n_ * (n_ - 1) / 2 + (n_ - r) * (n_ - r - 1) / 2; }
+
+ private:
+  std::size_t n_;
+  std::unique_ptr<double[]> cells_;
+};
 
 }  // namespace
 
@@ -237,7 +242,7 @@ bool inverse_of_factors(double* const* lu, std::size_t n, const std::size_t* exc
     return std::all_of(column, column + n, [](double x) { return std::isfinite(x); });
   });
   const std::size_t together = finite ? lanes : 1;
-  const std::unique_ptr<double[]> rows = packed_rows(lu, n);
+  PackedRows rows(lu, n);
   const std::unique_ptr<double[]> block(new double[n * lanes]);
   // The row in which the 1 of each unit vector ends up: a unit vector has zeros in front of it, and so has its
   // forward substitution. Taken in the order of these rows, neighbours skip the same zeros.
@@ -247,16 +252,15 @@ bool inverse_of_factors(double* const* lu, std::size_t n, const std::size_t* exc
   std::vector<double*> columns(lanes);
   for (std::size_t first = 0; first < n; first += together) {
     const std::size_t count = std::min(together, n - first);
+    std::fill_n(block.get(), n * lanes, 0.0);
+    double* const begin = block.get() + first * lanes;
     for (std::size_t i = 0; i < count; ++i) {
       if (step()) return false;
       columns[i] = inverse[unit_of_row[first + i]];
-      std::fill_n(columns[i], n, 0.0);
-      columns[i][first + i] = 1.0;
+      begin[i * lanes + i] = 1.0;
     }
-    solve_lower(lu, first, n - first, columns.data(), count);
-    if (count < lanes) std::fill_n(block.get(), n * lanes, 0.0);
-    for_cells(n, count, [&](std::size_t r, std::size_t i) { block[r * lanes + i] = columns[i][r]; });
-    loops().substitute(rows.get(), 0, n, block.get() + (n - 1) * lanes);
+    loops().solve_lower_rows(rows.lower(first + 1), first, n - first, begin);
+    loops().substitute(rows.upper(n - 1), 0, n, block.get() + (n - 1) * lanes);
     for_cells(n, count, [&](std::size_t r, std::size_t i) { columns[i][r] = block[r * lanes + i]; });
   }
   return true;

@@ -51,6 +51,31 @@ void solve_lower(const double* const* l, std::size_t first, std::size_t end, dou
   }
 }
 
+/// Subtracts `count` terms from the cells, one of each row of `x`.
+template <class Step>
+inline void subtract_terms(const double* factors, const double* x, std::size_t count, VecD (&cell)[kRegisters]) {
+  for (std::size_t k = 0; k < count; ++k, x += kLanes) {
+    const VecD factor = factors[k] - VecD{};
+#pragma GCC unroll 12
+    for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = Step::subtract(factor, load(x + i * kLanesD), cell[i]);
+  }
+}
+
+template <class Step>
+void solve_lower_rows(const double* row, std::size_t step, std::size_t n, double* x) {
+  for (std::size_t r = 1; r < n; ++r) {
+    row += step;
+    double* const result = x + r * kLanes;
+    VecD cell[kRegisters];
+#pragma GCC unroll 12
+    for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = load(result + i * kLanesD);
+    subtract_terms<Step>(row, x, r, cell);
+    row += r;
+#pragma GCC unroll 12
+    for (std::size_t i = 0; i < kRegisters; ++i) store(result + i * kLanesD, cell[i]);
+  }
+}
+
 template <class Step>
 void substitute(const double* row, std::size_t first, std::size_t end, double* last) {
   for (std::size_t t = first; t < end; row += t, ++t) {
@@ -59,12 +84,7 @@ void substitute(const double* row, std::size_t first, std::size_t end, double* l
     VecD cell[kRegisters];
 #pragma GCC unroll 12
     for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = load(result + i * kLanesD);
-    const double* line = result + kLanes;
-    for (std::size_t k = 0; k < t; ++k, line += kLanes) {
-      const VecD factor = row[k] - VecD{};
-#pragma GCC unroll 12
-      for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = Step::subtract(factor, load(line + i * kLanesD), cell[i]);
-    }
+    subtract_terms<Step>(row, result + kLanes, t, cell);
 #pragma GCC unroll 12
     for (std::size_t i = 0; i < kRegisters; ++i) store(result + i * kLanesD, cell[i] / pivot);
   }
@@ -73,8 +93,9 @@ void substitute(const double* row, std::size_t first, std::size_t end, double* l
 }  // namespace
 
 extern const SubstitutionTable kSubstitution;
-const SubstitutionTable kSubstitution = {kLanes,
-                                         {subtract_multiple<Fused>, solve_lower<Fused>, substitute<Fused>},
-                                         {subtract_multiple<Portable>, solve_lower<Portable>, substitute<Portable>}};
+const SubstitutionTable kSubstitution = {
+    kLanes,
+    {subtract_multiple<Fused>, solve_lower<Fused>, solve_lower_rows<Fused>, substitute<Fused>},
+    {subtract_multiple<Portable>, solve_lower<Portable>, solve_lower_rows<Portable>, substitute<Portable>}};
 
 }  // namespace zor::kernels::ZOR_LEVEL

@@ -13,6 +13,10 @@ struct SubstitutionLoops {
   /// b = L^-1 b for `count` columns, with the factor L of unit diagonal in the rows and columns from `first` to end
   /// - 1.
   void (*solve_lower)(const double* const* l, std::size_t first, std::size_t end, double* const* b, std::size_t count);
+  /// Solves L X = X for `lanes` right-hand sides: x[r * lanes + i] is row r of right-hand side i. The rows of L lie
+  /// packed one behind the other from row 1 on, each up to the cell before its diagonal 1, with `step` other cells in
+  /// front of each row: that is how the rows and columns from `step` on lie in a larger triangle.
+  void (*solve_lower_rows)(const double* rows, std::size_t step, std::size_t n, double* x);
   /// One row after the other of a triangular system, for `lanes` right-hand sides side by side. Row t is the line of
   /// `lanes` cells that begins at last - t * lanes; row_t packs its pivot and then its t factors, which belong to the
   /// rows t - 1, ..., 0: x[t] = (x[t] - factor * x[t - 1] - ...) / pivot, the terms in this order, for t from first to
