@@ -1,38 +1,19 @@
 // Any bytes read as each of the forms that matrices have: the matrix is never empty, never larger than the input
 // allows, is left alone by a form that says so, and what it writes in the same form reads back. The first byte chooses
 // the form.
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 
+#include "fuzz/memory_file.h"
 #include "zor/matrices/ZOR_matrix.h"
 
 namespace matrix_fuzz {
 
 using namespace ZOR_matrix;
 
-inline void require(bool claim) {
-  if (!claim) std::abort();
-}
-
-/// A file in memory with a name.
-class MemoryFile {
- public:
-  MemoryFile(const std::uint8_t* data, std::size_t size) : handle_(::memfd_create("zor_fuzz", 0)) {
-    require(handle_ >= 0 && ::write(handle_, data, size) == static_cast<ssize_t>(size));
-  }
-  ~MemoryFile() { ::close(handle_); }
-  MemoryFile(const MemoryFile&) = delete;
-  MemoryFile& operator=(const MemoryFile&) = delete;
-  TString name() const { return "/proc/self/fd/" + std::to_string(handle_); }
-
- private:
-  int handle_;
-};
+using fuzz::MemoryFile;
+using fuzz::require;
 
 constexpr std::int64_t kFreeCells = std::int64_t{1} << 24;
 

@@ -1,16 +1,10 @@
 #include <algorithm>
 
+#include "bench/lapack.h"
 #include "bench/pair.h"
 #include "zor/arrays/ZOR_openarrays.h"
 
 #if defined(ZOR_PEER_OPENBLAS)
-extern "C" {
-void dsyev_(const char* job, const char* half, const int* n, double* a, const int* lda, double* values, double* work,
-            const int* work_cells, int* info);
-void dgeev_(const char* left, const char* right, const int* n, double* a, const int* lda, double* real,
-            double* imaginary, double* vl, const int* ldvl, double* vr, const int* ldvr, double* work,
-            const int* work_cells, int* info);
-}
 
 namespace ZOR_openarrays {
 namespace {

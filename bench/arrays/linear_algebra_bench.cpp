@@ -1,16 +1,11 @@
 #include <Eigen/LU>
 
 #include "bench/arrays/flat.h"
+#include "bench/lapack.h"
 #include "bench/pair.h"
 #include "zor/arrays/ZOR_openarrays.h"
 
 #if defined(ZOR_PEER_OPENBLAS)
-extern "C" void dgemm_(const char* form_a, const char* form_b, const int* m, const int* n, const int* k,
-                       const double* alpha, const double* a, const int* lda, const double* b, const int* ldb,
-                       const double* beta, double* c, const int* ldc);
-extern "C" void dgetrf_(const int* m, const int* n, double* a, const int* lda, int* pivots, int* info);
-extern "C" void dgetri_(const int* n, double* a, const int* lda, const int* pivots, double* work, const int* cells,
-                        int* info);
 
 namespace ZOR_openarrays {
 namespace {

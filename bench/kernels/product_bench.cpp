@@ -1,14 +1,10 @@
 #include "zor/kernels/product.h"
 
+#include "bench/lapack.h"
 #include "bench/pair.h"
 #include "zor/portable_kernels.h"
 
 #if defined(ZOR_PEER_OPENBLAS)
-extern "C" void dgemm_(const char* form_a, const char* form_b, const int* m, const int* n, const int* k,
-                       const double* alpha, const double* a, const int* lda, const double* b, const int* ldb,
-                       const double* beta, double* c, const int* ldc);
-extern "C" void dsyrk_(const char* part, const char* form, const int* n, const int* k, const double* alpha,
-                       const double* a, const int* lda, const double* beta, double* c, const int* ldc);
 
 namespace zor::kernels {
 namespace {

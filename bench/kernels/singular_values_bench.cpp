@@ -2,12 +2,10 @@
 
 #include <algorithm>
 
+#include "bench/lapack.h"
 #include "bench/pair.h"
 
 #if defined(ZOR_PEER_OPENBLAS)
-extern "C" void dgesvd_(const char* job_u, const char* job_v, const int* m, const int* n, double* a, const int* lda,
-                        double* values, double* u, const int* ldu, double* vt, const int* ldvt, double* work,
-                        const int* work_cells, int* info);
 
 namespace zor::kernels {
 namespace {

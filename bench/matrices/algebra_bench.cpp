@@ -2,21 +2,11 @@
 #include <Eigen/LU>
 #include <cmath>
 
+#include "bench/lapack.h"
 #include "bench/pair.h"
 #include "zor/matrices/ZOR_matrix.h"
 
 #if defined(ZOR_PEER_OPENBLAS)
-extern "C" void dgemm_(const char* form_a, const char* form_b, const int* m, const int* n, const int* k,
-                       const double* alpha, const double* a, const int* lda, const double* b, const int* ldb,
-                       const double* beta, double* c, const int* ldc);
-extern "C" void dsyrk_(const char* part, const char* form, const int* n, const int* k, const double* alpha,
-                       const double* a, const int* lda, const double* beta, double* c, const int* ldc);
-extern "C" void dgetrf_(const int* m, const int* n, double* a, const int* lda, int* pivots, int* info);
-extern "C" void dgetri_(const int* n, double* a, const int* lda, const int* pivots, double* work, const int* cells,
-                        int* info);
-extern "C" void dgesvd_(const char* job_u, const char* job_v, const int* m, const int* n, double* a, const int* lda,
-                        double* values, double* u, const int* ldu, double* vt, const int* ldvt, double* work,
-                        const int* work_cells, int* info);
 
 namespace ZOR_matrix {
 namespace {

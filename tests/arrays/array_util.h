@@ -71,4 +71,14 @@ using NumTypes = testing::Types<TDoubleArray, TDouble2DArray, TDouble3DArray, TD
                                 TInt3DArray, TInt4DArray>;
 using RealTypes = testing::Types<TDoubleArray, TDouble2DArray, TDouble3DArray, TDouble4DArray>;
 
+/// n x n, with cell(col, row).
+template <class Cell>
+TDouble2DArray square(Integer n, Cell cell) {
+  TDouble2DArray a;
+  SetLength(a, n, n);
+  for (Integer c = 0; c < n; ++c)
+    for (Integer r = 0; r < n; ++r) a[c][r] = cell(c, r);
+  return a;
+}
+
 }  // namespace ZOR_openarrays

@@ -9,16 +9,6 @@ namespace {
 
 using testing::ElementsAre;
 
-/// A, of `n` columns, with cell(col, row).
-template <class Cell>
-TDouble2DArray square(Integer n, Cell cell) {
-  TDouble2DArray a;
-  SetLength(a, n, n);
-  for (Integer c = 0; c < n; ++c)
-    for (Integer r = 0; r < n; ++r) a[c][r] = cell(c, r);
-  return a;
-}
-
 void expect_solved(const TDouble2DArray& a, const TDouble2DArray& vectors, const TDoubleArray& values, Double error) {
   const std::size_t n = a.size();
   ASSERT_EQ(vectors.size(), n);

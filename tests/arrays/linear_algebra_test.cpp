@@ -14,16 +14,6 @@ using testing::ElementsAre;
 constexpr Double kInf = std::numeric_limits<Double>::infinity();
 const Double kNaN = std::numeric_limits<Double>::quiet_NaN();
 
-/// n x n, with cell(col, row).
-template <class Cell>
-TDouble2DArray square(Integer n, Cell cell) {
-  TDouble2DArray a;
-  SetLength(a, n, n);
-  for (Integer c = 0; c < n; ++c)
-    for (Integer r = 0; r < n; ++r) a[c][r] = cell(c, r);
-  return a;
-}
-
 Double noise(Integer, Integer) {
   static std::mt19937_64 random(11);
   return std::uniform_real_distribution<Double>(-1.0, 1.0)(random);

@@ -636,6 +636,9 @@ class ZOR_API BasicMatrix : public TComponent {
   void take_over(T2DArray& made);
   /// Becomes the result of a computation: Resize, then each cell through SetVal.
   void store_result(T2DArray& made);
+  enum class Side { rows, columns };
+  /// The product whose rows come from that side of this matrix, and its columns from that side of b.
+  void store_product(const BasicMatrix& b, Side rows, Side columns, BasicMatrix& to) const;
   /// combine(cells, other's cells) for each column of two matrices of equal size.
   Boolean combine_with(const BasicMatrix* other, void (*combine)(std::span<T> cells, std::span<const T> others));
   Integer import_asc(const TString& FName, TString& Comment, TStr2DArray* CustData);

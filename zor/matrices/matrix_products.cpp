@@ -46,12 +46,21 @@ void BasicMatrix<T>::store_result(T2DArray& made) {
 }
 
 template <Cell T>
+void BasicMatrix<T>::store_product(const BasicMatrix& b, Side rows, Side columns, BasicMatrix& to) const {
+  const auto size = [](const BasicMatrix& m, Side side) { return side == Side::rows ? m.FNRow : m.FNCol; };
+  const Integer n_rows = size(*this, rows), n_columns = size(b, columns);
+  T2DArray made = new_cells(*this, n_columns, n_rows);
+  kernels::multiply(column_pointers().data(), rows == Side::rows ? Form::plain : Form::transposed,
+                    b.column_pointers().data(), columns == Side::columns ? Form::plain : Form::transposed,
+                    columns_of(made).data(), zor::detail::to_size(n_rows), zor::detail::to_size(n_columns),
+                    zor::detail::to_size(rows == Side::rows ? FNCol : FNRow));
+  to.store_result(made);
+}
+
+template <Cell T>
 Boolean BasicMatrix<T>::Multiply(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T> {
   if (!MatB || !MatRes || FNCol != MatB->FNRow) return false;
-  T2DArray made = new_cells(*this, MatB->FNCol, FNRow);
-  kernels::multiply(column_pointers().data(), Form::plain, MatB->column_pointers().data(), Form::plain,
-                    columns_of(made).data(), zor::detail::to_size(FNRow), made.size(), Mat.size());
-  MatRes->store_result(made);
+  store_product(*MatB, Side::rows, Side::columns, *MatRes);
   Changed();
   return true;
 }
@@ -59,10 +68,7 @@ Boolean BasicMatrix<T>::Multiply(const BasicMatrix* MatB, BasicMatrix* MatRes) r
 template <Cell T>
 Boolean BasicMatrix<T>::MultiplyTransposed(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T> {
   if (!MatB || !MatRes || FNCol != MatB->FNCol) return false;
-  T2DArray made = new_cells(*this, MatB->FNRow, FNRow);
-  kernels::multiply(column_pointers().data(), Form::plain, MatB->column_pointers().data(), Form::transposed,
-                    columns_of(made).data(), zor::detail::to_size(FNRow), made.size(), Mat.size());
-  MatRes->store_result(made);
+  store_product(*MatB, Side::rows, Side::rows, *MatRes);
   Changed();
   return true;
 }
@@ -70,10 +76,7 @@ Boolean BasicMatrix<T>::MultiplyTransposed(const BasicMatrix* MatB, BasicMatrix*
 template <Cell T>
 Boolean BasicMatrix<T>::TransposeAndMultiply(const BasicMatrix* MatB, BasicMatrix* MatRes) const requires RealCell<T> {
   if (!MatB || !MatRes || FNRow != MatB->FNRow) return false;
-  T2DArray made = new_cells(*this, MatB->FNCol, FNCol);
-  kernels::multiply(column_pointers().data(), Form::transposed, MatB->column_pointers().data(), Form::plain,
-                    columns_of(made).data(), Mat.size(), made.size(), zor::detail::to_size(FNRow));
-  MatRes->store_result(made);
+  store_product(*MatB, Side::columns, Side::columns, *MatRes);
   return true;
 }
 
@@ -152,6 +155,7 @@ void BasicMatrix<T>::SAdd(Double Scalar) requires RealCell<T> {
 }
 
 template void BasicMatrix<Double>::store_result(TDouble2DArray&);
+template void BasicMatrix<Double>::store_product(const TMatrix&, Side, Side, TMatrix&) const;
 template Boolean BasicMatrix<Double>::Multiply(const TMatrix*, TMatrix*);
 template Boolean BasicMatrix<Double>::MultiplyTransposed(const TMatrix*, TMatrix*);
 template Boolean BasicMatrix<Double>::TransposeAndMultiply(const TMatrix*, TMatrix*) const;
