@@ -96,21 +96,25 @@ ZOR_BENCH_PAIR(
     [](Numbers& data) -> auto& { return write_bytes(data, standard_fixed); }, same_text)
     .against("std::to_chars into a buffer")
     .goal(1.1)
+    .remark("ours has units of 16 bits, as all text of the library")
     .sizes({1'000'000});
 
 ZOR_BENCH_PAIR(ScanFPNum6Decimals, lines<standard_fixed>, scan, standard, zor::bench::equal)
     .against("std::from_chars")
     .goal(1.1)
+    .remark("ours has units of 16 bits, as all text of the library")
     .sizes({1'000'000});
 
 ZOR_BENCH_PAIR(ScanFPNumShortest, lines<standard_shortest>, scan, standard, zor::bench::equal)
     .against("std::from_chars")
     .goal(1.1)
+    .remark("ours has units of 16 bits, as all text of the library")
     .sizes({1'000'000});
 
 ZOR_BENCH_PAIR(ScanFPNum17Digits, lines<standard_scientific>, scan, standard, zor::bench::equal)
     .against("std::from_chars")
     .goal(1.1)
+    .remark("ours has units of 16 bits, as all text of the library")
     .sizes({1'000'000});
 
 }  // namespace
