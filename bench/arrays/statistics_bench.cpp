@@ -50,7 +50,7 @@ ZOR_BENCH_PAIR(
     .goal(1.0)
     .sizes({1'000'000})
     .remark(
-        "ours sums with twice the precision, to the last bit the mean of MeanVarArray: seven operations a cell against "
+        "ours sums with twice the precision, to the last bit the mean of MeanVarArray: six operations a cell against "
         "one");
 
 ZOR_BENCH_PAIR(

@@ -139,28 +139,24 @@ inline void settle(PartialSums& sums, std::size_t lane, Sum batch, double bias) 
   store(sums, lane, s);
 }
 
-/// For each pair of registers: take(pair of partial sums, lane, step), step(i) being the offset of a block of the
-/// batch.
-template <class Take>
+/// For each group of `registers`: take(partial sums, offset of their cells in the batch). As many chains run at once.
+template <std::size_t registers, class Take>
 inline void sum_blocks(PartialSums& sums, std::size_t blocks, double bias, Take take) {
-  for (std::size_t lane = 0; lane < kPartialSums; lane += kStep) {
+  static_assert(kPartialSums % (registers * kLanesD) == 0);
+  for (std::size_t lane = 0; lane < kPartialSums; lane += registers * kLanesD) {
     const bool biased = bias > 0.0;
-    Sum a, b;
-    if (biased) {
-      a = b = {constant(bias), Wide{}};
-    } else {
-      a = load(sums, lane), b = load(sums, lane + kLanesD);
+    Sum group[registers];
+#pragma GCC unroll 4
+    for (std::size_t k = 0; k < registers; ++k) {
+      group[k] = biased ? Sum{constant(bias), Wide{}} : load(sums, lane + k * kLanesD);
     }
     for (std::size_t i = 0; i < blocks; ++i) {
-      take(a, i * kPartialSums + lane);
-      take(b, i * kPartialSums + lane + kLanesD);
+#pragma GCC unroll 4
+      for (std::size_t k = 0; k < registers; ++k) take(group[k], i * kPartialSums + lane + k * kLanesD);
     }
-    if (biased) {
-      settle(sums, lane, a, bias);
-      settle(sums, lane + kLanesD, b, bias);
-    } else {
-      store(sums, lane, a);
-      store(sums, lane + kLanesD, b);
+#pragma GCC unroll 4
+    for (std::size_t k = 0; k < registers; ++k) {
+      biased ? settle(sums, lane + k * kLanesD, group[k], bias) : store(sums, lane + k * kLanesD, group[k]);
     }
   }
 }
@@ -171,14 +167,18 @@ inline void for_batches(std::size_t blocks, Batch batch) {
   for (std::size_t b = 0; b < blocks; b += kBatch) batch(b * kPartialSums, blocks - b < kBatch ? blocks - b : kBatch);
 }
 
+/// Sums alone leave room for more chains.
+constexpr std::size_t kSumRegisters = kPartialSums / kLanesD < 4 ? kPartialSums / kLanesD : 4;
+
 void sum(const double* cells, std::size_t all_blocks, PartialSums& sums) {
   for_batches(all_blocks, [&](std::size_t start, std::size_t blocks) {
     const double* x = cells + start;
     const double size = largest(x, blocks * kPartialSums);
     if (moderate(size)) {
-      sum_blocks(sums, blocks, power_above(size, kSigned), [=](Sum& s, std::size_t i) { add_smaller(s, load(x + i)); });
+      sum_blocks<kSumRegisters>(sums, blocks, power_above(size, kSigned),
+                                [=](Sum& s, std::size_t i) { add_smaller(s, load(x + i)); });
     } else {
-      sum_blocks(sums, blocks, 0.0, [=](Sum& s, std::size_t i) { add(s, load(x + i)); });
+      sum_blocks<kSumRegisters>(sums, blocks, 0.0, [=](Sum& s, std::size_t i) { add(s, load(x + i)); });
     }
   });
 }
@@ -189,9 +189,10 @@ void dot(const double* x_cells, const double* y_cells, std::size_t all_blocks, P
     const double x_size = largest(x, blocks * kPartialSums), y_size = largest(y, blocks * kPartialSums);
     if (moderate(x_size) && moderate(y_size)) {
       const double bias = power_above(x_size, 0) * power_above(y_size, kSigned);
-      sum_blocks(sums, blocks, bias, [=](Sum& s, std::size_t i) { add_smaller_product(s, load(x + i), load(y + i)); });
+      sum_blocks<2>(sums, blocks, bias,
+                    [=](Sum& s, std::size_t i) { add_smaller_product(s, load(x + i), load(y + i)); });
     } else {
-      sum_blocks(sums, blocks, 0.0, [=](Sum& s, std::size_t i) { add_product(s, load(x + i), load(y + i)); });
+      sum_blocks<2>(sums, blocks, 0.0, [=](Sum& s, std::size_t i) { add_product(s, load(x + i), load(y + i)); });
     }
   });
 }
@@ -239,8 +240,8 @@ void moments(const double* cells, std::size_t all_blocks, PartialSums& sums, Par
       root = moderate(size) ? power_above(size, 3) : 0.0;
       square_bias = root * root;
       if (root == 0.0 || !sum_batch(x, blocks, square_bias, 16.0 * root, batch)) {
-        sum_blocks(sums, blocks, 0.0, [=](Sum& s, std::size_t i) { add(s, load(x + i)); });
-        sum_blocks(squares, blocks, 0.0, [=](Sum& s, std::size_t i) { add_product(s, load(x + i), load(x + i)); });
+        sum_blocks<2>(sums, blocks, 0.0, [=](Sum& s, std::size_t i) { add(s, load(x + i)); });
+        sum_blocks<2>(squares, blocks, 0.0, [=](Sum& s, std::size_t i) { add_product(s, load(x + i), load(x + i)); });
         return;
       }
     }
