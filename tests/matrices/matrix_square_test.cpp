@@ -1,4 +1,5 @@
 #include <atomic>
+#include <chrono>
 #include <cmath>
 #include <limits>
 #include <stdexcept>
@@ -64,6 +65,7 @@ TEST_F(MatrixSquare, RefusesWithoutAChange) {
   EXPECT_FALSE(m.Square(&m, 1.0));
   EXPECT_FALSE(m.Square(&result_, 0.0));
   EXPECT_FALSE(m.Square(&result_, std::numeric_limits<Double>::quiet_NaN()));
+  EXPECT_FALSE(m.Square(&result_, std::numeric_limits<Double>::infinity()));
   EXPECT_EQ(result_.NrOfColumns(), 1);
 }
 
@@ -78,6 +80,19 @@ TEST_F(MatrixSquare, EndsItsThreadsOnAnAbort) {
     MathFeedBackProc = nullptr;
     AbortMathProc = false;
     EXPECT_TRUE(m.Square(&result_, 1.0, threads));
+  }
+}
+
+TEST_F(MatrixSquare, OnThreadsNeverSucceedsWithCellsLeftOut) {
+  TMatrix one;
+  ASSERT_TRUE(data().Square(&one, 36.0, 1));
+  AbortMathProc = true;  // ends the workers, and is taken back before the caller looks at it
+  MathFeedBackProc = [](Double) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    AbortMathProc = false;
+  };
+  if (data_.Square(&result_, 36.0, 2)) {
+    EXPECT_EQ(columns_of(result_), columns_of(one));
   }
 }
 

@@ -315,17 +315,18 @@ class ZOR_API BasicMatrix : public TComponent {
   /// or with centred columns and Norm = n - 1 their covariances. MatRes is resized with its events, its cells are
   /// written without. There is a feedback step for each column, with one thread with a test of AbortMathProc before it,
   /// with more threads a test now and then; an abort gives false, with MatRes sized and its cells undefined. False,
-  /// with nothing changed, for a null MatRes, this matrix itself, and a Norm of 0 or NaN. NThreads is limited to 1 ..
-  /// the smaller of CPUCount and the number of columns; worker threads work on blocks of columns while the calling one
-  /// runs MathFeedBackProc. The cells do not depend on the number of threads. An exception of a handler passes on after
-  /// all workers have ended. Neither matrix may be changed during the call.
+  /// with nothing changed, for a null MatRes, this matrix itself, and a Norm of 0 or not finite. NThreads is limited to
+  /// 1 .. the smaller of CPUCount and the number of columns; worker threads work on blocks of columns while the calling
+  /// one runs MathFeedBackProc. The cells do not depend on the number of threads. An exception of a handler passes on
+  /// after all workers have ended. Neither matrix may be changed during the call.
   Boolean Square(BasicMatrix* MatRes, Double Norm, Integer NThreads) const requires RealCell<T>;
   /// With one thread less than there are processors, but at least one.
   Boolean Square(BasicMatrix* MatRes, Double Norm) const requires RealCell<T>;
 
   /// Becomes its inverse, by InvertArray of ZOR_openarrays, which tells method, pivots, feedback and aborts. False if
   /// the matrix is not square or a row holds only zeros, with nothing changed; if it is singular or AbortMathProc was
-  /// set, with its cells partly factored; and if a feedback procedure resized it. No event.
+  /// set, with its cells partly factored; and if a feedback procedure resized it. What that throws passes on, as from
+  /// CalcHatMatrix. No event.
   Boolean Invert() requires RealCell<T>;
   /// Product of the diagonal of the upper factor of LUdecomposition; 0.0 if the matrix is not square or has a cell that
   /// is not finite.

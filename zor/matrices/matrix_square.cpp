@@ -36,7 +36,7 @@ class GramWork {
   void stop() noexcept { next_.store(Length(columns_), std::memory_order_relaxed); }
 
   /// Computes the cells of a block in a buffer, divides them and puts them in both their places.
-  void compute(Integer first, Integer last) const {
+  void compute(Integer first, Integer last) {
     const auto n = columns_.size(), from = static_cast<std::size_t>(first),
                height = static_cast<std::size_t>(last) - from;
     std::vector<Double> cells(height * (n - from));
@@ -50,7 +50,10 @@ class GramWork {
         result_[static_cast<Integer>(from + j)].data()[from + i] = cell;
       }
     }
+    done_.fetch_add(last - first, std::memory_order_relaxed);
   }
+  /// False if a worker saw an abort and left columns out, even if that was taken back since. Asked when all have ended.
+  bool complete() const noexcept { return done_.load(std::memory_order_relaxed) == Length(columns_); }
 
  private:
   const TDynArray<const Double*>& columns_;
@@ -58,7 +61,7 @@ class GramWork {
   Double norm_;
   Integer block_;
   TDouble2DArray& result_;
-  std::atomic<Integer> next_ = 0;
+  std::atomic<Integer> next_ = 0, done_ = 0;
 };
 
 /// On the calling thread; false if it was aborted.
@@ -125,13 +128,16 @@ class Workers {
 bool square_on_workers(GramWork& work, Integer count) {
   Workers workers(work, count);
   if (workers.none()) return square_here(work);
-  while (zor::detail::feedback_listens()) {
+  bool aborted = false;
+  while (!aborted && zor::detail::feedback_listens()) {
     MathFeedBackProc(ProcStat);
-    if (AbortMathProc || workers.finished()) break;
+    aborted = AbortMathProc;
+    if (workers.finished()) break;
     std::this_thread::yield();
   }
+  if (aborted) work.stop();
   workers.wait();
-  if (AbortMathProc) return false;
+  if (aborted || AbortMathProc || !work.complete()) return false;
   MathFeedBackProc(ProcStat);
   return true;
 }
@@ -140,7 +146,7 @@ bool square_on_workers(GramWork& work, Integer count) {
 
 template <Cell T>
 Boolean BasicMatrix<T>::Square(BasicMatrix* MatRes, Double Norm, Integer NThreads) const requires RealCell<T> {
-  if (!MatRes || MatRes == this || Norm == 0.0 || std::isnan(Norm)) return false;
+  if (!MatRes || MatRes == this || Norm == 0.0 || !std::isfinite(Norm)) return false;
   const T2DArray held = Mat;  // the cells stay while handlers run
   const TDynArray<const T*> columns = column_pointers();
   const Integer n = FNCol, rows = FNRow;
