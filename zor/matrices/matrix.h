@@ -346,10 +346,10 @@ class ZOR_API BasicMatrix : public TComponent {
   /// nothing changed, if the matrix is not square; false also after 100 passes. No event. (Osborne, On pre-conditioning
   /// of matrices, 1960)
   Boolean Balance(Double Tolerance) requires RealCell<T>;
-  /// ntColwise and ntRowwise: the largest sum of magnitudes of a column or row. ntFrobenius: the root of the sum of
-  /// squares. ntSpectral: the largest singular value; its computation takes four feedback steps for each column.
-  /// Raises EZORMatrixError "near singular covariance matrix" if that did not converge (a cell is not finite) or
-  /// AbortMathProc is set.
+  /// ntColwise and ntRowwise: the largest sum of magnitudes of a column or row, where NaN is never it. ntFrobenius: the
+  /// root of the sum of squares. ntSpectral: the largest singular value; its computation takes four feedback steps for
+  /// each column. Raises EZORMatrixError "near singular covariance matrix" if that did not converge (a cell is not
+  /// finite) or AbortMathProc is set.
   Double Norm(TNormType nt) const requires RealCell<T>;
   /// Sum of the diagonal; 0.0 if the matrix is not square.
   Double Trace() const requires RealCell<T>;

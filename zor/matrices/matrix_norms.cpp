@@ -12,7 +12,12 @@
 namespace ZOR_matrix {
 namespace {
 
-Double largest_of(const std::vector<Double>& sums) { return std::max(0.0, *std::ranges::max_element(sums)); }
+/// NaN is never the largest, wherever it stands.
+Double largest_of(const std::vector<Double>& sums) {
+  Double largest = 0.0;
+  for (const Double sum : sums) largest = sum > largest ? sum : largest;
+  return largest;
+}
 
 /// `steps` feedback steps; false if one of them asked for an end. Without a listener they are taken at once.
 bool feedback_steps(std::size_t steps) {
