@@ -1,10 +1,12 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <stdexcept>
 
 #include "tests/matrices/matrix_util.h"
 #include "zor/arrays/lu.h"
 #include "zor/arrays/matrix_inverse.h"
+#include "zor/runtime/cell_memory.h"
 
 // Products, arithmetic, decompositions and norms.
 
@@ -157,6 +159,22 @@ TEST(MatrixInvert, FailsOnSingularAbortedAndOddMatrices) {
   EXPECT_EQ(m.NrOfColumns(), 3);
 }
 
+TEST(MatrixDecompositions, TellALackOfMemoryFromAnExceptionOfTheProcedure) {
+  TMatrix m, other;
+  fill_noise(m, 4, 4, 6);
+  {
+    const zor::detail::AllocationLimitScope scope({.largest = 1});
+    EXPECT_THROW(m.Invert(), EZORMatrixError);
+    EXPECT_THROW(m.CalcHatMatrix(&other), EZORMatrixError);
+    EXPECT_THROW(m.LUdecomposition(&other, &m), EZORMatrixError);
+    EXPECT_THROW(m.Determinant(), EZORMatrixError);
+  }
+  MathFeedBackProc = [](Double) { throw std::runtime_error("no more"); };
+  EXPECT_THROW(m.CalcHatMatrix(&other), std::runtime_error);
+  EXPECT_THROW(m.Invert(), std::runtime_error);
+  MathFeedBackProc = nullptr;
+}
+
 TEST(MatrixLU, GivesFactorsAndTheDeterminant) {
   TMatrix m, l, u, product;
   set(m, {{2, 4}, {1, 5}});
@@ -261,6 +279,15 @@ TEST(MatrixNorm, OfKnownMatrices) {
   EXPECT_EQ(m.Trace(), 0.0) << "not square";
   set(m, {{1, 2}, {3, 4}});
   EXPECT_EQ(m.Trace(), 5.0);
+}
+
+TEST(MatrixNorm, TakesNoNaNForTheLargestSumWhereverItStands) {
+  TMatrix m, t;
+  for (const Columns<TMatrix>& cells : {Columns<TMatrix>{{kNaN}, {-5}, {2}}, Columns<TMatrix>{{2}, {-5}, {kNaN}}}) {
+    set(m, cells);
+    EXPECT_EQ(m.Norm(ntColwise), 5.0);
+    EXPECT_EQ(turned(m, t).Norm(ntRowwise), 5.0);
+  }
 }
 
 TEST(MatrixNorm, SpectralTakesStepsAndRaisesOnAbortAndNaN) {

@@ -14,7 +14,7 @@ template <Cell T>
 Boolean BasicMatrix<T>::Invert() requires RealCell<T> {
   const Integer n = FNCol;
   T2DArray work = Mat;
-  const Integer code = zor::detail::heap_guard(*this, [&] { return ZOR_openarrays::InvertArray(work); });
+  const Integer code = zor::detail::memory_guard(*this, [&] { return ZOR_openarrays::InvertArray(work); });
   const bool fits = FNCol == n && FNRow == Length(work[0]);  // a feedback procedure may have resized this matrix
   if (code != ZOR_openarrays::kNotInvertible && fits) set_cells(work);
   return code == 0 && fits;
@@ -23,7 +23,8 @@ Boolean BasicMatrix<T>::Invert() requires RealCell<T> {
 template <Cell T>
 Double BasicMatrix<T>::Determinant() const requires RealCell<T> {
   T2DArray lower, upper;
-  if (ZOR_openarrays::LUdecomposition(Mat, lower, upper) != 0) return 0.0;
+  const auto factor = [&] { return ZOR_openarrays::LUdecomposition(Mat, lower, upper); };
+  if (zor::detail::memory_guard(*this, factor) != 0) return 0.0;
   Double product = 1.0;
   for (Integer i = 0; i < FNCol; ++i) product *= upper[i][i];
   return product;
@@ -33,7 +34,8 @@ template <Cell T>
 Boolean BasicMatrix<T>::LUdecomposition(BasicMatrix* MatL, BasicMatrix* MatU) const requires RealCell<T> {
   if (!MatL || !MatU || MatL == MatU) return false;
   T2DArray lower, upper;
-  if (ZOR_openarrays::LUdecomposition(Mat, lower, upper) != 0) return false;
+  const auto factor = [&] { return ZOR_openarrays::LUdecomposition(Mat, lower, upper); };
+  if (zor::detail::memory_guard(*this, factor) != 0) return false;
   const Integer n = Length(lower);
   const auto give = [n](const T2DArray& cells, BasicMatrix& to) {
     to.Resize(n, n);
@@ -104,11 +106,14 @@ Integer BasicMatrix<T>::CalcHatMatrix(BasicMatrix* HatMat) const requires RealCe
   if (!HatMat || HatMat == this) return ZOR_openarrays::kSizeMismatch;
   const T2DArray x = Mat;
   T2DArray cells;
-  const Integer code = ZOR_openarrays::CalcHatMatrix(x, cells);
-  if (code != 0) {
-    cells = HatMat->Mat;
-    SetLength(cells, Length(x[0]), Length(x[0]));
-  }
+  const Integer code = zor::detail::memory_guard(*this, [&] {
+    const Integer result = ZOR_openarrays::CalcHatMatrix(x, cells);
+    if (result != 0) {
+      cells = HatMat->Mat;
+      SetLength(cells, Length(x[0]), Length(x[0]));
+    }
+    return result;
+  });
   HatMat->set_cells(cells);
   return code;
 }
