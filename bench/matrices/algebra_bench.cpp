@@ -121,7 +121,7 @@ ZOR_BENCH_PAIR(Square, tall, our_square<1>, blas_square, same)
 ZOR_BENCH_PAIR(SquareThreads, tall, our_square<2>, our_square<1>, bench::equal)
     .against("one thread of ours")
     .goal(0.65)
-    .remark("the first block is a third of the work")
+    .remark("smaller blocks pack the columns behind them more often")
     .sizes({200})
     .items([](std::size_t n) { return 25.0 * cube(n); })
     .wall();
