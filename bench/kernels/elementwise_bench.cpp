@@ -56,7 +56,8 @@ ZOR_BENCH_PAIR(
     .sizes(kSizes);
 
 ZOR_BENCH_PAIR(
-    FillSerial, cells, [](Cells& c) -> auto& { return fill_serial(c.out, 0.0, 0.1), c.out; }, [](Cells& c) -> auto& {
+    FillSerial, cells, [](Cells& c) -> auto& { return fill_serial(c.out, 0.0, 0.1), c.out; },
+    [](Cells& c) -> auto& {
       double value = 0.0;
       for (double& v : c.out) v = value, value += 0.1;
       return c.out;

@@ -66,7 +66,7 @@ const std::vector<double>& read_lines(Lines& lines, Read read) {
   return lines.x;
 }
 
-constexpr auto ours = [](Lines & data) -> auto& {
+constexpr auto ours = [](Lines& data) -> auto& {
   return read_lines(data, [](const char* p, const char* last, double& x) {
     const ParsedNumber number = parse_number(std::string_view(p, static_cast<std::size_t>(last - p)));
     x = number.value;
@@ -74,12 +74,13 @@ constexpr auto ours = [](Lines & data) -> auto& {
   });
 };
 
-constexpr auto standard = [](Lines & data) -> auto& {
+constexpr auto standard = [](Lines& data) -> auto& {
   return read_lines(data, [](const char* p, const char* last, double& x) { return std::from_chars(p, last, x).ptr; });
 };
 
 ZOR_BENCH_PAIR(
-    WriteFixed6, numbers, [](Numbers& data) -> auto& {
+    WriteFixed6, numbers,
+    [](Numbers& data) -> auto& {
       return write_lines(data, [](char* out, double x) { return out + format_fixed(out, x, 6); });
     },
     [](Numbers& data) -> auto& { return write_lines(data, standard_fixed); }, zor::bench::equal)

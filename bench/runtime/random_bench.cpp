@@ -26,7 +26,8 @@ constexpr auto means_agree = [](const std::vector<double>& ours, const std::vect
 };
 
 ZOR_BENCH_PAIR(
-    FillRandomUniform, cells, [](Cells& c) -> auto& {
+    FillRandomUniform, cells,
+    [](Cells& c) -> auto& {
       zor::detail::fill_random(c.x, 2.0, 3.0);
       return c.x;
     },

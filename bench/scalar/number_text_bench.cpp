@@ -77,13 +77,13 @@ Lines lines(std::size_t n) {
 }
 
 // Each number is followed by a line feed, a blank to the next scan.
-constexpr auto scan = [](Lines & data) -> auto& {
+constexpr auto scan = [](Lines& data) -> auto& {
   Integer at = 1;
   for (double& x : data.x) x = ScanFPNum(data.text, true, 1, at);
   return data.x;
 };
 
-constexpr auto standard = [](Lines & data) -> auto& {
+constexpr auto standard = [](Lines& data) -> auto& {
   const char* p = data.bytes.data();
   const char* const last = p + data.bytes.size();
   for (double& x : data.x) p = std::from_chars(p, last, x).ptr + 1;

@@ -15,7 +15,8 @@ struct Cells {
 Cells cells(std::size_t n) { return {zor::bench::noise(n), {}}; }
 
 ZOR_BENCH_PAIR(
-    SortArray, cells, [](Cells& c) -> auto& {
+    SortArray, cells,
+    [](Cells& c) -> auto& {
       SortArray(c.x, true);
       return c.x;
     },

@@ -144,9 +144,7 @@ TEST(ElementwiseProduct, TwoDimensions) {
 }
 
 TEST(ElementwiseTypes, ScalarsThatWouldLoseDigitsDoNotCompile) {
-  const auto accepts = []<class A, class S>(A a, S s) {
-    return requires { IncArray(a, s); };
-  };
+  const auto accepts = []<class A, class S>(A a, S s) { return requires { IncArray(a, s); }; };
   EXPECT_TRUE(accepts(TIntArray{}, 2));
   EXPECT_FALSE(accepts(TIntArray{}, 2.5));
   EXPECT_FALSE(accepts(TIntArray{}, Int64{2}));

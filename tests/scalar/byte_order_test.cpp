@@ -6,9 +6,7 @@ namespace ZOR_math1 {
 namespace {
 
 template <class T>
-concept Convertible = requires(T x) {
-  ConvertEndian(x);
-};
+concept Convertible = requires(T x) { ConvertEndian(x); };
 
 TEST(ConvertEndian, ReversesTheBytes) {
   EXPECT_EQ(ConvertEndian(0x01020304), 0x04030201);

@@ -8,9 +8,7 @@ namespace ZOR_vector {
 namespace {
 
 template <class V>
-concept FillsFromFraction = requires(V& v) {
-  v.Fill(2.7);
-};
+concept FillsFromFraction = requires(V& v) { v.Fill(2.7); };
 static_assert(FillsFromFraction<TVector> && !FillsFromFraction<TIntVector>, "no silent narrowing");
 
 TYPED_TEST_SUITE(Twins, TwinTypes);

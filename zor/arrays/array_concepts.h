@@ -39,8 +39,8 @@ inline constexpr int kRank = zor::detail::ArrayTraits<A>::kRank;
 
 /// An array of `lowest` to `highest` dimensions with cells of one of the types C.
 template <class A, int lowest, int highest, class... C>
-concept ArrayOf = lowest <= kRank<A>&& kRank<A> <= highest &&
-                  (std::same_as<typename zor::detail::ArrayTraits<A>::Cell, C> || ...);
+concept ArrayOf =
+    lowest <= kRank<A> && kRank<A> <= highest && (std::same_as<typename zor::detail::ArrayTraits<A>::Cell, C> || ...);
 
 /// TDoubleArray to TDouble4DArray, TIntArray to TInt4DArray.
 template <class A>
@@ -50,8 +50,7 @@ template <class A>
 concept RealArray = ArrayOf<A, 1, 4, Double>;
 /// The arrays of numbers with exactly `rank` dimensions.
 template <class A, int rank>
-concept Num = NumArray<A> && kRank<A>
-== rank;
+concept Num = NumArray<A> && kRank<A> == rank;
 
 /// The type of an argument that follows another one.
 template <class A>
@@ -66,11 +65,10 @@ template <class T>
 class NoNarrow {
  public:
   template <class V>
-  requires std::convertible_to<V, T> &&(!std::is_arithmetic_v<V> || std::is_floating_point_v<T> ||
-                                        (!std::is_floating_point_v<V> && sizeof(V) <= sizeof(T)))
-      // NOLINTNEXTLINE(google-explicit-constructor)
-      constexpr NoNarrow(const V& value)
-      : value_(static_cast<T>(value)) {}
+    requires std::convertible_to<V, T> && (!std::is_arithmetic_v<V> || std::is_floating_point_v<T> ||
+                                           (!std::is_floating_point_v<V> && sizeof(V) <= sizeof(T)))
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  constexpr NoNarrow(const V& value) : value_(static_cast<T>(value)) {}
   constexpr operator T() const noexcept { return value_; }
 
  private:

@@ -42,22 +42,22 @@ Integer InvertArray(TBoolArray& A) { return invert(A); }
 Integer InvertArray(TBool2DArray& A) { return invert(A); }
 
 template <class R>
-requires ArrayOf<R, 1, 2, Double, Integer> Integer BoolToNumArray(const ShapeOf<R, Boolean>& A, CellOf<R> FalseValue,
-                                                                  CellOf<R> TrueValue, R& Res) {
+  requires ArrayOf<R, 1, 2, Double, Integer>
+Integer BoolToNumArray(const ShapeOf<R, Boolean>& A, CellOf<R> FalseValue, CellOf<R> TrueValue, R& Res) {
   const CellType<R> no = FalseValue, yes = TrueValue;
   return convert(A, Res, [=](Boolean x) { return x ? yes : no; });
 }
 
 template <class A>
-requires ArrayOf<A, 1, 2, Double, Integer> Integer DichotomizeArray(const A& a, CellOf<A> Threshold,
-                                                                    ShapeOf<A, Boolean>& Res) {
+  requires ArrayOf<A, 1, 2, Double, Integer>
+Integer DichotomizeArray(const A& a, CellOf<A> Threshold, ShapeOf<A, Boolean>& Res) {
   const CellType<A> threshold = Threshold;
   return convert(a, Res, [=](CellType<A> x) { return x > threshold; });
 }
 
 template <class A>
-requires ArrayOf<A, 1, 2, Double, Integer> Integer DichotomizeArray(const A& a, CellOf<A> Low, CellOf<A> High,
-                                                                    ShapeOf<A, Boolean>& Res) {
+  requires ArrayOf<A, 1, 2, Double, Integer>
+Integer DichotomizeArray(const A& a, CellOf<A> Low, CellOf<A> High, ShapeOf<A, Boolean>& Res) {
   CellType<A> low = Low, high = High;
   if (high < low) std::swap(low, high);
   return convert(a, Res, [=](CellType<A> x) { return (low <= x) & (x <= high); });

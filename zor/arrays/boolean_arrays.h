@@ -14,17 +14,16 @@ ZOR_API Integer InvertArray(TBool2DArray& A);
 
 /// Res = TrueValue where A is true, FalseValue elsewhere.
 template <class R>
-requires ArrayOf<R, 1, 2, Double, Integer> ZOR_API Integer BoolToNumArray(const ShapeOf<R, Boolean>& A,
-                                                                          CellOf<R> FalseValue, CellOf<R> TrueValue,
-                                                                          R& Res);
+  requires ArrayOf<R, 1, 2, Double, Integer>
+ZOR_API Integer BoolToNumArray(const ShapeOf<R, Boolean>& A, CellOf<R> FalseValue, CellOf<R> TrueValue, R& Res);
 
 /// Res = True where A is greater than Threshold; a cell equal to it, and NaN, give False.
 template <class A>
-requires ArrayOf<A, 1, 2, Double, Integer> ZOR_API Integer DichotomizeArray(const A& a, CellOf<A> Threshold,
-                                                                            ShapeOf<A, Boolean>& Res);
+  requires ArrayOf<A, 1, 2, Double, Integer>
+ZOR_API Integer DichotomizeArray(const A& a, CellOf<A> Threshold, ShapeOf<A, Boolean>& Res);
 /// Res = True where A lies from Low to High, both inclusive; the limits may be exchanged. NaN gives False.
 template <class A>
-requires ArrayOf<A, 1, 2, Double, Integer> ZOR_API Integer DichotomizeArray(const A& a, CellOf<A> Low, CellOf<A> High,
-                                                                            ShapeOf<A, Boolean>& Res);
+  requires ArrayOf<A, 1, 2, Double, Integer>
+ZOR_API Integer DichotomizeArray(const A& a, CellOf<A> Low, CellOf<A> High, ShapeOf<A, Boolean>& Res);
 
 }  // namespace ZOR_openarrays

@@ -53,7 +53,10 @@ Integer CloneArray(const Same<A>& Src, A& Dest) {
   return clone(Src, Dest);
 }
 template <class S, class D>
-requires OtherNumArray<S, D> Integer CloneArray(const S& Src, D& Dest) { return clone(Src, Dest); }
+  requires OtherNumArray<S, D>
+Integer CloneArray(const S& Src, D& Dest) {
+  return clone(Src, Dest);
+}
 template <std::same_as<TSingleArray> S>
 Integer CloneArray(const S& Src, TDoubleArray& Dest) {
   return clone(Src, Dest);
@@ -64,11 +67,13 @@ Integer CloneArray(const TDoubleArray& Src, D& Dest) {
 }
 
 template <class A>
-requires ArrayOf<A, 1, 1, Double, Integer, Boolean> Integer CloneAndReverseArray(const Same<A>& Src, A& Dest) {
+  requires ArrayOf<A, 1, 1, Double, Integer, Boolean>
+Integer CloneAndReverseArray(const Same<A>& Src, A& Dest) {
   return clone_reversed(Src, Dest);
 }
 template <class S, class D>
-requires(OtherNumArray<S, D>&& kRank<S> == 1) Integer CloneAndReverseArray(const S& Src, D& Dest) {
+  requires(OtherNumArray<S, D> && kRank<S> == 1)
+Integer CloneAndReverseArray(const S& Src, D& Dest) {
   return clone_reversed(Src, Dest);
 }
 template <std::same_as<TSingleArray> S>

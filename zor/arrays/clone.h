@@ -16,14 +16,14 @@ template <class A>
 concept ClonableArray = NumArray<A> || ArrayOf<A, 1, 2, Boolean>;
 /// Arrays of numbers with as many dimensions, but the other cell type.
 template <class S, class D>
-concept OtherNumArray = NumArray<S> && NumArray<D> && kRank<S>
-== kRank<D> && !std::same_as<S, D>;
+concept OtherNumArray = NumArray<S> && NumArray<D> && kRank<S> == kRank<D> && !std::same_as<S, D>;
 
 /// Dest = Src.
 template <ClonableArray A>
 ZOR_API Integer CloneArray(const Same<A>& Src, A& Dest);
 template <class S, class D>
-requires OtherNumArray<S, D> ZOR_API Integer CloneArray(const S& Src, D& Dest);
+  requires OtherNumArray<S, D>
+ZOR_API Integer CloneArray(const S& Src, D& Dest);
 template <std::same_as<TSingleArray> S>
 ZOR_API Integer CloneArray(const S& Src, TDoubleArray& Dest);
 template <std::same_as<TSingleArray> D>
@@ -31,9 +31,11 @@ ZOR_API Integer CloneArray(const TDoubleArray& Src, D& Dest);
 
 /// Dest[i] = Src[Length(Src) - 1 - i], for arrays of one dimension.
 template <class A>
-requires ArrayOf<A, 1, 1, Double, Integer, Boolean> ZOR_API Integer CloneAndReverseArray(const Same<A>& Src, A& Dest);
+  requires ArrayOf<A, 1, 1, Double, Integer, Boolean>
+ZOR_API Integer CloneAndReverseArray(const Same<A>& Src, A& Dest);
 template <class S, class D>
-requires(OtherNumArray<S, D>&& kRank<S> == 1) ZOR_API Integer CloneAndReverseArray(const S& Src, D& Dest);
+  requires(OtherNumArray<S, D> && kRank<S> == 1)
+ZOR_API Integer CloneAndReverseArray(const S& Src, D& Dest);
 template <std::same_as<TSingleArray> S>
 ZOR_API Integer CloneAndReverseArray(const S& Src, TDoubleArray& Dest);
 template <std::same_as<TSingleArray> D>

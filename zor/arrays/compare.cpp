@@ -9,7 +9,8 @@
 namespace ZOR_openarrays {
 
 template <class A>
-requires ArrayOf<A, 1, 4, Integer> Boolean EqualArrays(const A& a, const Same<A>& b) {
+  requires ArrayOf<A, 1, 4, Integer>
+Boolean EqualArrays(const A& a, const Same<A>& b) {
   const auto shape = zor::detail::shape_of(a);
   if (shape != zor::detail::shape_of(b)) return false;
   Boolean equal = true;
@@ -19,7 +20,8 @@ requires ArrayOf<A, 1, 4, Integer> Boolean EqualArrays(const A& a, const Same<A>
 }
 
 template <class A>
-requires Num<A, 1> Boolean IsMonotone(const A& a) {
+  requires Num<A, 1>
+Boolean IsMonotone(const A& a) {
   if (a.size() <= 2) return true;
   Boolean rises = false, falls = false;
   for (std::size_t i = 1; i < a.size(); ++i) {
@@ -36,7 +38,8 @@ requires Num<A, 1> Boolean IsMonotone(const A& a) {
 }
 
 template <class A>
-requires Num<A, 1> Boolean IsStrictlyMonotone(const A& a) {
+  requires Num<A, 1>
+Boolean IsStrictlyMonotone(const A& a) {
   if (a.size() <= 2) return true;
   const Boolean rises = a[0] < a[1];
   for (std::size_t i = 1; i < a.size(); ++i) {
@@ -46,7 +49,8 @@ requires Num<A, 1> Boolean IsStrictlyMonotone(const A& a) {
 }
 
 template <class A>
-requires Num<A, 1> Boolean IsDichotomous(const A& a, CellType<A>& Value1, CellType<A>& Value2) {
+  requires Num<A, 1>
+Boolean IsDichotomous(const A& a, CellType<A>& Value1, CellType<A>& Value2) {
   using T = CellType<A>;
   Value1 = Value2 = 0;
   if (a.size() < 2) return false;

@@ -46,51 +46,55 @@ Integer copy_range(const A& src, const std::array<Integer, N>& low, const std::a
 }  // namespace
 
 template <class A>
-requires ArrayOf<A, 1, 1, Double, Integer, Boolean> Integer CopyArray(const Same<A>& Src, Integer DestIx, A& Dest) {
+  requires ArrayOf<A, 1, 1, Double, Integer, Boolean>
+Integer CopyArray(const Same<A>& Src, Integer DestIx, A& Dest) {
   return copy_whole<1>(Src, {DestIx}, Dest);
 }
 
 template <class A>
-requires ArrayOf<A, 2, 2, Double, Integer, Boolean> Integer CopyArray(const Same<A>& Src, Integer DestCol,
-                                                                      Integer DestRow, A& Dest) {
+  requires ArrayOf<A, 2, 2, Double, Integer, Boolean>
+Integer CopyArray(const Same<A>& Src, Integer DestCol, Integer DestRow, A& Dest) {
   return copy_whole<2>(Src, {DestCol, DestRow}, Dest);
 }
 
 template <class A>
-requires Num<A, 3> Integer CopyArray(const Same<A>& Src, Integer DestCol, Integer DestRow, Integer DestLayer, A& Dest) {
+  requires Num<A, 3>
+Integer CopyArray(const Same<A>& Src, Integer DestCol, Integer DestRow, Integer DestLayer, A& Dest) {
   return copy_whole<3>(Src, {DestCol, DestRow, DestLayer}, Dest);
 }
 
 template <class A>
-requires Num<A, 4> Integer CopyArray(const Same<A>& Src, Integer DestCol, Integer DestRow, Integer DestLayer,
-                                     Integer DestSlot, A& Dest) {
+  requires Num<A, 4>
+Integer CopyArray(const Same<A>& Src, Integer DestCol, Integer DestRow, Integer DestLayer, Integer DestSlot, A& Dest) {
   return copy_whole<4>(Src, {DestCol, DestRow, DestLayer, DestSlot}, Dest);
 }
 
 template <class A>
-requires Num<A, 1> Integer CopyArray(const Same<A>& Src, Integer Low, Integer High, Integer DestIx, A& Dest) {
+  requires Num<A, 1>
+Integer CopyArray(const Same<A>& Src, Integer Low, Integer High, Integer DestIx, A& Dest) {
   return copy_range<1>(Src, {Low}, {High}, {DestIx}, Dest);
 }
 
 template <class A>
-requires Num<A, 2> Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer HighCol,
-                                     Integer HighRow, Integer DestCol, Integer DestRow, A& Dest) {
+  requires Num<A, 2>
+Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Integer DestCol,
+                  Integer DestRow, A& Dest) {
   return copy_range<2>(Src, {LowCol, LowRow}, {HighCol, HighRow}, {DestCol, DestRow}, Dest);
 }
 
 template <class A>
-requires Num<A, 3> Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                     Integer HighCol, Integer HighRow, Integer HighLayer, Integer DestCol,
-                                     Integer DestRow, Integer DestLayer, A& Dest) {
+  requires Num<A, 3>
+Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer LowLayer, Integer HighCol,
+                  Integer HighRow, Integer HighLayer, Integer DestCol, Integer DestRow, Integer DestLayer, A& Dest) {
   return copy_range<3>(Src, {LowCol, LowRow, LowLayer}, {HighCol, HighRow, HighLayer}, {DestCol, DestRow, DestLayer},
                        Dest);
 }
 
 template <class A>
-requires Num<A, 4> Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                     Integer LowSlot, Integer HighCol, Integer HighRow, Integer HighLayer,
-                                     Integer HighSlot, Integer DestCol, Integer DestRow, Integer DestLayer,
-                                     Integer DestSlot, A& Dest) {
+  requires Num<A, 4>
+Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer LowLayer, Integer LowSlot,
+                  Integer HighCol, Integer HighRow, Integer HighLayer, Integer HighSlot, Integer DestCol,
+                  Integer DestRow, Integer DestLayer, Integer DestSlot, A& Dest) {
   return copy_range<4>(Src, {LowCol, LowRow, LowLayer, LowSlot}, {HighCol, HighRow, HighLayer, HighSlot},
                        {DestCol, DestRow, DestLayer, DestSlot}, Dest);
 }

@@ -17,32 +17,36 @@ namespace ZOR_openarrays {
 
 /// Dest[DestIx + i] = Src[i], in every dimension alike, for all of Src.
 template <class A>
-requires ArrayOf<A, 1, 1, Double, Integer, Boolean> ZOR_API Integer CopyArray(const Same<A>& Src, Integer DestIx,
-                                                                              A& Dest);
+  requires ArrayOf<A, 1, 1, Double, Integer, Boolean>
+ZOR_API Integer CopyArray(const Same<A>& Src, Integer DestIx, A& Dest);
 template <class A>
-requires ArrayOf<A, 2, 2, Double, Integer, Boolean> ZOR_API Integer CopyArray(const Same<A>& Src, Integer DestCol,
-                                                                              Integer DestRow, A& Dest);
+  requires ArrayOf<A, 2, 2, Double, Integer, Boolean>
+ZOR_API Integer CopyArray(const Same<A>& Src, Integer DestCol, Integer DestRow, A& Dest);
 template <class A>
-requires Num<A, 3> ZOR_API Integer CopyArray(const Same<A>& Src, Integer DestCol, Integer DestRow, Integer DestLayer,
-                                             A& Dest);
+  requires Num<A, 3>
+ZOR_API Integer CopyArray(const Same<A>& Src, Integer DestCol, Integer DestRow, Integer DestLayer, A& Dest);
 template <class A>
-requires Num<A, 4> ZOR_API Integer CopyArray(const Same<A>& Src, Integer DestCol, Integer DestRow, Integer DestLayer,
-                                             Integer DestSlot, A& Dest);
+  requires Num<A, 4>
+ZOR_API Integer CopyArray(const Same<A>& Src, Integer DestCol, Integer DestRow, Integer DestLayer, Integer DestSlot,
+                          A& Dest);
 
 /// Dest[DestIx + i] = Src[Low + i], in every dimension alike, for the cells from Low to High.
 template <class A>
-requires Num<A, 1> ZOR_API Integer CopyArray(const Same<A>& Src, Integer Low, Integer High, Integer DestIx, A& Dest);
+  requires Num<A, 1>
+ZOR_API Integer CopyArray(const Same<A>& Src, Integer Low, Integer High, Integer DestIx, A& Dest);
 template <class A>
-requires Num<A, 2> ZOR_API Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer HighCol,
-                                             Integer HighRow, Integer DestCol, Integer DestRow, A& Dest);
+  requires Num<A, 2>
+ZOR_API Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
+                          Integer DestCol, Integer DestRow, A& Dest);
 template <class A>
-requires Num<A, 3> ZOR_API Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                             Integer HighCol, Integer HighRow, Integer HighLayer, Integer DestCol,
-                                             Integer DestRow, Integer DestLayer, A& Dest);
+  requires Num<A, 3>
+ZOR_API Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer LowLayer, Integer HighCol,
+                          Integer HighRow, Integer HighLayer, Integer DestCol, Integer DestRow, Integer DestLayer,
+                          A& Dest);
 template <class A>
-requires Num<A, 4> ZOR_API Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                             Integer LowSlot, Integer HighCol, Integer HighRow, Integer HighLayer,
-                                             Integer HighSlot, Integer DestCol, Integer DestRow, Integer DestLayer,
-                                             Integer DestSlot, A& Dest);
+  requires Num<A, 4>
+ZOR_API Integer CopyArray(const Same<A>& Src, Integer LowCol, Integer LowRow, Integer LowLayer, Integer LowSlot,
+                          Integer HighCol, Integer HighRow, Integer HighLayer, Integer HighSlot, Integer DestCol,
+                          Integer DestRow, Integer DestLayer, Integer DestSlot, A& Dest);
 
 }  // namespace ZOR_openarrays

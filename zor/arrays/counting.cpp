@@ -43,26 +43,29 @@ Integer count_true(const A& a) {
 }  // namespace
 
 template <class A>
-requires Num<A, 1> Integer CountValues(const A& a, Integer LowElem, Integer HighElem, CellOf<A> Low, CellOf<A> High) {
+  requires Num<A, 1>
+Integer CountValues(const A& a, Integer LowElem, Integer HighElem, CellOf<A> Low, CellOf<A> High) {
   return count_values<A, 1>(a, {LowElem}, {HighElem}, Low, High);
 }
 
 template <class A>
-requires Num<A, 2> Integer CountValues(const A& a, Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow,
-                                       CellOf<A> Low, CellOf<A> High) {
+  requires Num<A, 2>
+Integer CountValues(const A& a, Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, CellOf<A> Low,
+                    CellOf<A> High) {
   return count_values<A, 2>(a, {LowCol, LowRow}, {HighCol, HighRow}, Low, High);
 }
 
 template <class A>
-requires Num<A, 3> Integer CountValues(const A& a, Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow,
-                                       Integer LowLayer, Integer HighLayer, CellOf<A> Low, CellOf<A> High) {
+  requires Num<A, 3>
+Integer CountValues(const A& a, Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Integer LowLayer,
+                    Integer HighLayer, CellOf<A> Low, CellOf<A> High) {
   return count_values<A, 3>(a, {LowCol, LowRow, LowLayer}, {HighCol, HighRow, HighLayer}, Low, High);
 }
 
 template <class A>
-requires Num<A, 4> Integer CountValues(const A& a, Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow,
-                                       Integer LowLayer, Integer HighLayer, Integer LowSlot, Integer HighSlot,
-                                       CellOf<A> Low, CellOf<A> High) {
+  requires Num<A, 4>
+Integer CountValues(const A& a, Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Integer LowLayer,
+                    Integer HighLayer, Integer LowSlot, Integer HighSlot, CellOf<A> Low, CellOf<A> High) {
   return count_values<A, 4>(a, {LowCol, LowRow, LowLayer, LowSlot}, {HighCol, HighRow, HighLayer, HighSlot}, Low, High);
 }
 

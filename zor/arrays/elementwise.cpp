@@ -75,7 +75,8 @@ Integer SubtractArrays(const Same<A>& a, const Same<A>& b, A& Res) {
 }
 
 template <class A>
-requires ArrayOf<A, 1, 2, Double, Integer> Integer MultiplyArraysElemw(const Same<A>& a, const Same<A>& b, A& Res) {
+  requires ArrayOf<A, 1, 2, Double, Integer>
+Integer MultiplyArraysElemw(const Same<A>& a, const Same<A>& b, A& Res) {
   return combine<A>(a, b, Res, [](auto x, auto y, auto out) { kernels::multiply(x, y, out); });
 }
 

@@ -19,8 +19,8 @@ template <NumArray A>
 ZOR_API Integer SubtractArrays(const Same<A>& a, const Same<A>& b, A& Res);
 /// Res = A * B, cell by cell; for one and two dimensions.
 template <class A>
-requires ArrayOf<A, 1, 2, Double, Integer> ZOR_API Integer MultiplyArraysElemw(const Same<A>& a, const Same<A>& b,
-                                                                               A& Res);
+  requires ArrayOf<A, 1, 2, Double, Integer>
+ZOR_API Integer MultiplyArraysElemw(const Same<A>& a, const Same<A>& b, A& Res);
 
 /// Res = A + Scalar.
 template <NumArray A>

@@ -141,15 +141,23 @@ CellType<A> MinArray(const A& a) {
 }
 
 template <class A>
-requires Num<A, 1> CellType<A> MaxArray(const A& a, Integer& Ix) { return extreme_at<Which::kMax>(a, Ix); }
+  requires Num<A, 1>
+CellType<A> MaxArray(const A& a, Integer& Ix) {
+  return extreme_at<Which::kMax>(a, Ix);
+}
 template <class A>
-requires Num<A, 1> CellType<A> MinArray(const A& a, Integer& Ix) { return extreme_at<Which::kMin>(a, Ix); }
+  requires Num<A, 1>
+CellType<A> MinArray(const A& a, Integer& Ix) {
+  return extreme_at<Which::kMin>(a, Ix);
+}
 template <class A>
-requires Num<A, 2> CellType<A> MaxArray(const A& a, Integer& Col, Integer& Row) {
+  requires Num<A, 2>
+CellType<A> MaxArray(const A& a, Integer& Col, Integer& Row) {
   return extreme_at<Which::kMax>(a, Col, Row);
 }
 template <class A>
-requires Num<A, 2> CellType<A> MinArray(const A& a, Integer& Col, Integer& Row) {
+  requires Num<A, 2>
+CellType<A> MinArray(const A& a, Integer& Col, Integer& Row) {
   return extreme_at<Which::kMin>(a, Col, Row);
 }
 
@@ -176,8 +184,9 @@ Integer MinMaxArray(std::span<const Integer> A, Integer& Min, Integer& Max) {
 }
 
 template <class A>
-requires Num<A, 1> Integer MinMaxArray(const A& a, Integer Low, Integer High, CellType<A>& Min, CellType<A>& Max,
-                                       Integer& MinIx, Integer& MaxIx) {
+  requires Num<A, 1>
+Integer MinMaxArray(const A& a, Integer Low, Integer High, CellType<A>& Min, CellType<A>& Max, Integer& MinIx,
+                    Integer& MaxIx) {
   auto extremes = sentinels<CellType<A>>();
   zor::detail::Box<1> box;
   const Integer code = range_extremes<A, 1>(a, {Low}, {High}, box, extremes);
@@ -189,9 +198,9 @@ requires Num<A, 1> Integer MinMaxArray(const A& a, Integer Low, Integer High, Ce
 }
 
 template <class A>
-requires Num<A, 2> Integer MinMaxArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
-                                       CellType<A>& Min, CellType<A>& Max, Integer& MinCol, Integer& MinRow,
-                                       Integer& MaxCol, Integer& MaxRow) {
+  requires Num<A, 2>
+Integer MinMaxArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, CellType<A>& Min,
+                    CellType<A>& Max, Integer& MinCol, Integer& MinRow, Integer& MaxCol, Integer& MaxRow) {
   auto extremes = sentinels<CellType<A>>();
   zor::detail::Box<2> box;
   const Integer code = range_extremes<A, 2>(a, {LowCol, LowRow}, {HighCol, HighRow}, box, extremes);

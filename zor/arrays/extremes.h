@@ -17,15 +17,19 @@ namespace ZOR_openarrays {
 template <NumArray A>
 ZOR_API CellType<A> MaxArray(const A& a);
 template <class A>
-requires Num<A, 1> ZOR_API CellType<A> MaxArray(const A& a, Integer& Ix);
+  requires Num<A, 1>
+ZOR_API CellType<A> MaxArray(const A& a, Integer& Ix);
 template <class A>
-requires Num<A, 2> ZOR_API CellType<A> MaxArray(const A& a, Integer& Col, Integer& Row);
+  requires Num<A, 2>
+ZOR_API CellType<A> MaxArray(const A& a, Integer& Col, Integer& Row);
 template <NumArray A>
 ZOR_API CellType<A> MinArray(const A& a);
 template <class A>
-requires Num<A, 1> ZOR_API CellType<A> MinArray(const A& a, Integer& Ix);
+  requires Num<A, 1>
+ZOR_API CellType<A> MinArray(const A& a, Integer& Ix);
 template <class A>
-requires Num<A, 2> ZOR_API CellType<A> MinArray(const A& a, Integer& Col, Integer& Row);
+  requires Num<A, 2>
+ZOR_API CellType<A> MinArray(const A& a, Integer& Col, Integer& Row);
 
 /// Smallest and largest cell. Results: 0; kEmptyArray; kBadRange if a bound is negative or beyond the array. Where no
 /// cell is found - on a negative code, of NaN cells only, of a range with a low above its high bound, which is no
@@ -39,11 +43,13 @@ ZOR_API Integer MinMaxArray(const A& a, Double& Min, Double& Max);
 ZOR_API Integer MinMaxArray(std::span<const Double> A, Double& Min, Double& Max);
 ZOR_API Integer MinMaxArray(std::span<const Integer> A, Integer& Min, Integer& Max);
 template <class A>
-requires Num<A, 1> ZOR_API Integer MinMaxArray(const A& a, Integer Low, Integer High, CellType<A>& Min,
-                                               CellType<A>& Max, Integer& MinIx, Integer& MaxIx);
+  requires Num<A, 1>
+ZOR_API Integer MinMaxArray(const A& a, Integer Low, Integer High, CellType<A>& Min, CellType<A>& Max, Integer& MinIx,
+                            Integer& MaxIx);
 template <class A>
-requires Num<A, 2> ZOR_API Integer MinMaxArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol,
-                                               Integer HighRow, CellType<A>& Min, CellType<A>& Max, Integer& MinCol,
-                                               Integer& MinRow, Integer& MaxCol, Integer& MaxRow);
+  requires Num<A, 2>
+ZOR_API Integer MinMaxArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
+                            CellType<A>& Min, CellType<A>& Max, Integer& MinCol, Integer& MinRow, Integer& MaxCol,
+                            Integer& MaxRow);
 
 }  // namespace ZOR_openarrays

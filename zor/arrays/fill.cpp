@@ -60,26 +60,28 @@ Integer FillArray(A& a, CellOf<A> Value) {
 }
 
 template <class A>
-requires Num<A, 1> Integer FillArray(A& a, CellOf<A> Value, Integer LowElem, Integer HighElem) {
+  requires Num<A, 1>
+Integer FillArray(A& a, CellOf<A> Value, Integer LowElem, Integer HighElem) {
   return fill_range<A, 1>(a, Value, {LowElem}, {HighElem});
 }
 
 template <class A>
-requires Num<A, 2> Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer HighCol,
-                                     Integer HighRow) {
+  requires Num<A, 2>
+Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) {
   return fill_range<A, 2>(a, Value, {LowCol, LowRow}, {HighCol, HighRow});
 }
 
 template <class A>
-requires Num<A, 3> Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                     Integer HighCol, Integer HighRow, Integer HighLayer) {
+  requires Num<A, 3>
+Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer LowLayer, Integer HighCol,
+                  Integer HighRow, Integer HighLayer) {
   return fill_range<A, 3>(a, Value, {LowCol, LowRow, LowLayer}, {HighCol, HighRow, HighLayer});
 }
 
 template <class A>
-requires Num<A, 4> Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                     Integer LowTimeSlot, Integer HighCol, Integer HighRow, Integer HighLayer,
-                                     Integer HighTimeSlot) {
+  requires Num<A, 4>
+Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer LowLayer, Integer LowTimeSlot,
+                  Integer HighCol, Integer HighRow, Integer HighLayer, Integer HighTimeSlot) {
   return fill_range<A, 4>(a, Value, {LowCol, LowRow, LowLayer, LowTimeSlot},
                           {HighCol, HighRow, HighLayer, HighTimeSlot});
 }
@@ -111,7 +113,8 @@ Integer FillArraySerial(A& a) {
 }
 
 template <class A>
-requires ArrayOf<A, 2, 4, Double, Integer> Integer FillDiagArray(A& a, CellOf<A> Value) {
+  requires ArrayOf<A, 2, 4, Double, Integer>
+Integer FillDiagArray(A& a, CellOf<A> Value) {
   const auto shape = shape_of(a);
   if (shape.empty()) return kEmptyArray;
   if (!std::ranges::all_of(shape.length, [&](std::size_t n) { return n == shape.length[0]; })) return kSizeMismatch;

@@ -19,17 +19,19 @@ concept FillableArray = NumArray<A> || ArrayOf<A, 1, 2, Boolean>;
 template <FillableArray A>
 ZOR_API Integer FillArray(A& a, CellOf<A> Value);
 template <class A>
-requires Num<A, 1> ZOR_API Integer FillArray(A& a, CellOf<A> Value, Integer LowElem, Integer HighElem);
+  requires Num<A, 1>
+ZOR_API Integer FillArray(A& a, CellOf<A> Value, Integer LowElem, Integer HighElem);
 template <class A>
-requires Num<A, 2> ZOR_API Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer HighCol,
-                                             Integer HighRow);
+  requires Num<A, 2>
+ZOR_API Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow);
 template <class A>
-requires Num<A, 3> ZOR_API Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                             Integer HighCol, Integer HighRow, Integer HighLayer);
+  requires Num<A, 3>
+ZOR_API Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer LowLayer, Integer HighCol,
+                          Integer HighRow, Integer HighLayer);
 template <class A>
-requires Num<A, 4> ZOR_API Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                             Integer LowTimeSlot, Integer HighCol, Integer HighRow, Integer HighLayer,
-                                             Integer HighTimeSlot);
+  requires Num<A, 4>
+ZOR_API Integer FillArray(A& a, CellOf<A> Value, Integer LowCol, Integer LowRow, Integer LowLayer, Integer LowTimeSlot,
+                          Integer HighCol, Integer HighRow, Integer HighLayer, Integer HighTimeSlot);
 
 /// Cells in storage order = Start, Start + Delta, ... In one dimension cell i is Start + i * Delta. In more dimensions
 /// a running value is raised by Delta after each cell, so that the rounding of the two differs: with Delta 0.1 the cell
@@ -41,6 +43,7 @@ ZOR_API Integer FillArraySerial(A& a);
 
 /// Cells of which all indices are equal = Value, all others 0. kSizeMismatch unless all dimensions have one length.
 template <class A>
-requires ArrayOf<A, 2, 4, Double, Integer> ZOR_API Integer FillDiagArray(A& a, CellOf<A> Value);
+  requires ArrayOf<A, 2, 4, Double, Integer>
+ZOR_API Integer FillDiagArray(A& a, CellOf<A> Value);
 
 }  // namespace ZOR_openarrays

@@ -54,7 +54,8 @@ Integer find_breaks(std::size_t n, Step step, Departs departs, TIntArray& breaks
 }  // namespace
 
 template <class A>
-requires Num<A, 1> Double LocalMean(const A& a, Integer Ix, Integer Radius, Integer Low, Integer High) {
+  requires Num<A, 1>
+Double LocalMean(const A& a, Integer Ix, Integer Radius, Integer Low, Integer High) {
   if (a.empty()) return 0.0;
   Double sum = 0.0;
   Int64 count = 0;
@@ -63,7 +64,8 @@ requires Num<A, 1> Double LocalMean(const A& a, Integer Ix, Integer Radius, Inte
 }
 
 template <class A>
-requires Num<A, 1> Double LocalMedian(const A& a, Integer Ix, Integer Radius, Integer Low, Integer High) {
+  requires Num<A, 1>
+Double LocalMedian(const A& a, Integer Ix, Integer Radius, Integer Low, Integer High) {
   if (a.empty()) return 0.0;
   std::size_t count = 0;
   for_neighbours(a, Ix, Radius, Low, High, [&](Double) { ++count; });

@@ -14,12 +14,14 @@ namespace ZOR_openarrays {
 ///
 ///     LocalMean(TDoubleArray{0, 1, 2, 3, 4}, 0, 2, 0, 4);      // (0 + 1 + 2) / 3
 template <class A>
-requires Num<A, 1> ZOR_API Double LocalMean(const A& a, Integer Ix, Integer Radius, Integer Low, Integer High);
+  requires Num<A, 1>
+ZOR_API Double LocalMean(const A& a, Integer Ix, Integer Radius, Integer Low, Integer High);
 
 /// Median of the same cells: the middle one, of an even number the mean of the two in the middle, after
 /// ZOR_math1::SortArray has sorted a copy of them, whose feedback steps it shares. NaN stays where the sort leaves it.
 template <class A>
-requires Num<A, 1> ZOR_API Double LocalMedian(const A& a, Integer Ix, Integer Radius, Integer Low, Integer High);
+  requires Num<A, 1>
+ZOR_API Double LocalMedian(const A& a, Integer Ix, Integer Radius, Integer Low, Integer High);
 
 /// Finds where the slope of a sequence changes. The slope of the first two cells is the reference; a step A[i] - A[i -
 /// 1] that differs from the reference by more than Tolerance is a break at i - 1, and becomes the reference. Returns

@@ -54,7 +54,8 @@ void draw_ring(TBool2DArray& mask, Int64 cx, Int64 cy, Int64 inner, Int64 outer)
 }  // namespace
 
 template <class A>
-requires Num<A, 2> Integer FillArrayMasked(A& a, CellOf<A> Value, const TBool2DArray& Mask) {
+  requires Num<A, 2>
+Integer FillArrayMasked(A& a, CellOf<A> Value, const TBool2DArray& Mask) {
   constexpr bool kReal = RealArray<A>;
   using Cell = CellType<A>;
   const auto shape = zor::detail::shape_of(a);

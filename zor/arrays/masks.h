@@ -17,7 +17,8 @@ inline constexpr Integer kNegativeRadius = -2;    ///< A radius is negative.
 /// integers; kNothingToFill if A is empty; kMaskOfOtherSize. A null mask means all cells for doubles, and is
 /// kNothingToFill for integers.
 template <class A>
-requires Num<A, 2> ZOR_API Integer FillArrayMasked(A& a, CellOf<A> Value, const TBool2DArray& Mask);
+  requires Num<A, 2>
+ZOR_API Integer FillArrayMasked(A& a, CellOf<A> Value, const TBool2DArray& Mask);
 
 /// Sets the cells of a shape to True and clears none, so that calls add up. Cells (c, r) outside the mask are left out.
 /// Params holds, and a cell belongs to the shape if:

@@ -107,66 +107,73 @@ Integer std_dev_array(const A& a, const Bounds<N>& low, const Bounds<N>& high, D
 }  // namespace
 
 template <class A>
-requires Num<A, 1> Integer MeanArray(const A& a, Integer LowElem, Integer HighElem, Double& Mean) {
+  requires Num<A, 1>
+Integer MeanArray(const A& a, Integer LowElem, Integer HighElem, Double& Mean) {
   return mean_array<A, 1>(a, {LowElem}, {HighElem}, Mean);
 }
 
 template <class A>
-requires Num<A, 2> Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
-                                     Double& Mean) {
+  requires Num<A, 2>
+Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean) {
   return mean_array<A, 2>(a, {LowCol, LowRow}, {HighCol, HighRow}, Mean);
 }
 
 template <class A>
-requires Num<A, 3> Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer HighCol,
-                                     Integer HighRow, Integer HighLayer, Double& Mean) {
+  requires Num<A, 3>
+Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer HighCol, Integer HighRow,
+                  Integer HighLayer, Double& Mean) {
   return mean_array<A, 3>(a, {LowCol, LowRow, LowLayer}, {HighCol, HighRow, HighLayer}, Mean);
 }
 
 template <class A>
-requires Num<A, 4> Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer LowSlot,
-                                     Integer HighCol, Integer HighRow, Integer HighLayer, Integer HighSlot,
-                                     Double& Mean) {
+  requires Num<A, 4>
+Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer LowSlot, Integer HighCol,
+                  Integer HighRow, Integer HighLayer, Integer HighSlot, Double& Mean) {
   return mean_array<A, 4>(a, {LowCol, LowRow, LowLayer, LowSlot}, {HighCol, HighRow, HighLayer, HighSlot}, Mean);
 }
 
 template <class A>
-requires Num<A, 1> Integer StdDevArray(const A& a, Integer LowElem, Integer HighElem, Double& StdDev) {
+  requires Num<A, 1>
+Integer StdDevArray(const A& a, Integer LowElem, Integer HighElem, Double& StdDev) {
   return std_dev_array<A, 1>(a, {LowElem}, {HighElem}, StdDev);
 }
 
 template <class A>
-requires Num<A, 2> Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
-                                       Double& StdDev) {
+  requires Num<A, 2>
+Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& StdDev) {
   return std_dev_array<A, 2>(a, {LowCol, LowRow}, {HighCol, HighRow}, StdDev);
 }
 
 template <class A>
-requires Num<A, 3> Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer HighCol,
-                                       Integer HighRow, Integer HighLayer, Double& StdDev) {
+  requires Num<A, 3>
+Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer HighCol, Integer HighRow,
+                    Integer HighLayer, Double& StdDev) {
   return std_dev_array<A, 3>(a, {LowCol, LowRow, LowLayer}, {HighCol, HighRow, HighLayer}, StdDev);
 }
 
 template <class A>
-requires Num<A, 4> Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer LowSlot,
-                                       Integer HighCol, Integer HighRow, Integer HighLayer, Integer HighSlot,
-                                       Double& StdDev) {
+  requires Num<A, 4>
+Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer LowSlot, Integer HighCol,
+                    Integer HighRow, Integer HighLayer, Integer HighSlot, Double& StdDev) {
   return std_dev_array<A, 4>(a, {LowCol, LowRow, LowLayer, LowSlot}, {HighCol, HighRow, HighLayer, HighSlot}, StdDev);
 }
 
 template <class A>
-requires Num<A, 1> Integer MeanVarArray(const A& a, Integer LowElem, Integer HighElem, Double& Mean, Double& Variance) {
+  requires Num<A, 1>
+Integer MeanVarArray(const A& a, Integer LowElem, Integer HighElem, Double& Mean, Double& Variance) {
   return mean_var_array<A, 1>(a, {LowElem}, {HighElem}, Mean, Variance);
 }
 
 template <class A>
-requires Num<A, 2> Integer MeanVarArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
-                                        Double& Mean, Double& Variance) {
+  requires Num<A, 2>
+Integer MeanVarArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean,
+                     Double& Variance) {
   return mean_var_array<A, 2>(a, {LowCol, LowRow}, {HighCol, HighRow}, Mean, Variance);
 }
 
 template <class A>
-requires Num<A, 1> Integer MeanAbsDev(const A& a, Integer Count, Double& Dev) {
+  requires Num<A, 1>
+Integer MeanAbsDev(const A& a, Integer Count, Double& Dev) {
   Dev = 0.0;
   if (a.empty()) return kEmptyArray;
   if (Count < 0 || zor::detail::to_size(Count) > a.size()) return kBadRange;

@@ -14,43 +14,50 @@ namespace ZOR_openarrays {
 
 /// Sum of the cells divided by their number.
 template <class A>
-requires Num<A, 1> ZOR_API Integer MeanArray(const A& a, Integer LowElem, Integer HighElem, Double& Mean);
+  requires Num<A, 1>
+ZOR_API Integer MeanArray(const A& a, Integer LowElem, Integer HighElem, Double& Mean);
 template <class A>
-requires Num<A, 2> ZOR_API Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol,
-                                             Integer HighRow, Double& Mean);
+  requires Num<A, 2>
+ZOR_API Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean);
 template <class A>
-requires Num<A, 3> ZOR_API Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                             Integer HighCol, Integer HighRow, Integer HighLayer, Double& Mean);
+  requires Num<A, 3>
+ZOR_API Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer HighCol,
+                          Integer HighRow, Integer HighLayer, Double& Mean);
 template <class A>
-requires Num<A, 4> ZOR_API Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                             Integer LowSlot, Integer HighCol, Integer HighRow, Integer HighLayer,
-                                             Integer HighSlot, Double& Mean);
+  requires Num<A, 4>
+ZOR_API Integer MeanArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer LowSlot,
+                          Integer HighCol, Integer HighRow, Integer HighLayer, Integer HighSlot, Double& Mean);
 
 /// Square root of the variance as MeanVarArray gives it: n - 1 in the denominator, 0.0 for one cell.
 template <class A>
-requires Num<A, 1> ZOR_API Integer StdDevArray(const A& a, Integer LowElem, Integer HighElem, Double& StdDev);
+  requires Num<A, 1>
+ZOR_API Integer StdDevArray(const A& a, Integer LowElem, Integer HighElem, Double& StdDev);
 template <class A>
-requires Num<A, 2> ZOR_API Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol,
-                                               Integer HighRow, Double& StdDev);
+  requires Num<A, 2>
+ZOR_API Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
+                            Double& StdDev);
 template <class A>
-requires Num<A, 3> ZOR_API Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                               Integer HighCol, Integer HighRow, Integer HighLayer, Double& StdDev);
+  requires Num<A, 3>
+ZOR_API Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer HighCol,
+                            Integer HighRow, Integer HighLayer, Double& StdDev);
 template <class A>
-requires Num<A, 4> ZOR_API Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer,
-                                               Integer LowSlot, Integer HighCol, Integer HighRow, Integer HighLayer,
-                                               Integer HighSlot, Double& StdDev);
+  requires Num<A, 4>
+ZOR_API Integer StdDevArray(const A& a, Integer LowCol, Integer LowRow, Integer LowLayer, Integer LowSlot,
+                            Integer HighCol, Integer HighRow, Integer HighLayer, Integer HighSlot, Double& StdDev);
 
 /// Mean, and the sum of the squared deviations from it divided by n - 1; the variance of one cell is 0.0.
 template <class A>
-requires Num<A, 1> ZOR_API Integer MeanVarArray(const A& a, Integer LowElem, Integer HighElem, Double& Mean,
-                                                Double& Variance);
+  requires Num<A, 1>
+ZOR_API Integer MeanVarArray(const A& a, Integer LowElem, Integer HighElem, Double& Mean, Double& Variance);
 template <class A>
-requires Num<A, 2> ZOR_API Integer MeanVarArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol,
-                                                Integer HighRow, Double& Mean, Double& Variance);
+  requires Num<A, 2>
+ZOR_API Integer MeanVarArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean,
+                             Double& Variance);
 
 /// Mean absolute deviation from the mean, sum |x - mean| / Count, of the first Count cells; a Count of 0 means all of
 /// them. kBadRange if Count is negative or above the length.
 template <class A>
-requires Num<A, 1> ZOR_API Integer MeanAbsDev(const A& a, Integer Count, Double& Dev);
+  requires Num<A, 1>
+ZOR_API Integer MeanAbsDev(const A& a, Integer Count, Double& Dev);
 
 }  // namespace ZOR_openarrays

@@ -50,7 +50,8 @@ Integer sort_with_feedback(std::span<T> cells, std::span<Integer> ix, Boolean as
 }  // namespace
 
 template <class A>
-requires Num<A, 1> Integer SortArray(Boolean Ascending, A& a, TIntArray& Ix) {
+  requires Num<A, 1>
+Integer SortArray(Boolean Ascending, A& a, TIntArray& Ix) {
   AbortMathProc = false;
   if constexpr (std::same_as<A, TIntArray>) {
     if (&a == &Ix) return kOutputIsInput;

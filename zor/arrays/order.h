@@ -19,7 +19,8 @@ inline constexpr Integer kOutputIsInput = -3;  ///< Array and index array are th
 /// grows by their number at the end, and nothing is aborted. The procedure may reassign the variables: the sort goes on
 /// in the cells that it began with.
 template <class A>
-requires Num<A, 1> ZOR_API Integer SortArray(Boolean Ascending, A& a, TIntArray& Ix);
+  requires Num<A, 1>
+ZOR_API Integer SortArray(Boolean Ascending, A& a, TIntArray& Ix);
 
 /// Sorts the cells and keeps one of each value. Returns the number of cells removed, or kEmptyArray for fewer than two
 /// cells. Other handles of the array keep their cells. Feedback is that of SortArray of ZOR_math1, without abort.

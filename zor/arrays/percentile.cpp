@@ -50,7 +50,8 @@ Double percentile_of_range(Double pct, const A& a, std::array<Integer, N> low, s
 }  // namespace
 
 template <class A>
-requires Num<A, 1> Double PercentileArray(Double Pct, const A& a) {
+  requires Num<A, 1>
+Double PercentileArray(Double Pct, const A& a) {
   if (a.empty()) return 0.0;
   return percentile(Pct, a, zor::detail::whole(zor::detail::shape_of(a)));
 }

@@ -13,7 +13,8 @@ namespace ZOR_openarrays {
 /// \warning Pct 50 is not the usual median: an even n takes the upper of the two middle cells, and n = 3, 7, 11, ...
 /// the cell above the middle one: (1, 2, 3) gives 3. The median is TVector::Quartiles or TVector::Percentile.
 template <class A>
-requires Num<A, 1> ZOR_API Double PercentileArray(Double Pct, const A& a);
+  requires Num<A, 1>
+ZOR_API Double PercentileArray(Double Pct, const A& a);
 ZOR_API Double PercentileArray(Double Pct, const TDoubleArray& A, Integer Low, Integer High);
 ZOR_API Double PercentileArray(Double Pct, const TDouble2DArray& A, Integer LowCol, Integer LowRow, Integer HighCol,
                                Integer HighRow);

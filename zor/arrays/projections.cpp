@@ -69,8 +69,8 @@ void standard_deviations(const A& a, TOrientation orient, const TIntArray& list,
 }  // namespace
 
 template <class A>
-requires Num<A, 2> Integer EdgeVector(const A& a, TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx,
-                                      TDoubleArray& Res) {
+  requires Num<A, 2>
+Integer EdgeVector(const A& a, TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx, TDoubleArray& Res) {
   const auto [cols, rows] = zor::detail::shape_of(a).length;
   if (cols == 0) return kEmptyArray;
   const bool horizontal = Orient == orHorizontal;
@@ -104,12 +104,13 @@ requires Num<A, 2> Integer EdgeVector(const A& a, TOrientation Orient, TEdgeOp E
 }
 
 template <class A>
-requires Num<A, 2> Integer EdgeVector(const A& a, TOrientation Orient, TEdgeOp EdgeOp, TDoubleArray& Res) {
+  requires Num<A, 2>
+Integer EdgeVector(const A& a, TOrientation Orient, TEdgeOp EdgeOp, TDoubleArray& Res) {
   return EdgeVector(a, Orient, EdgeOp, nullptr, Res);
 }
 
 template <class A>
-requires Num<A, 2>
+  requires Num<A, 2>
 void BoundingRect(const A& a, Integer& Left, Integer& Right, Integer& Top, Integer& Bottom) {
   Left = Right = Top = Bottom = -1;
   const auto [cols, rows] = zor::detail::shape_of(a).length;

@@ -22,14 +22,16 @@ inline constexpr Integer kBadEdgeIndex = -2;  ///< Of EdgeVector: an index outsi
 /// -uc_MaxDouble, the others 0. NaN is neither smallest nor largest. Res may be a column of A, and then takes its
 /// place.
 template <class A>
-requires Num<A, 2> ZOR_API Integer EdgeVector(const A& a, TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx,
-                                              TDoubleArray& Res);
+  requires Num<A, 2>
+ZOR_API Integer EdgeVector(const A& a, TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx, TDoubleArray& Res);
 template <class A>
-requires Num<A, 2> ZOR_API Integer EdgeVector(const A& a, TOrientation Orient, TEdgeOp EdgeOp, TDoubleArray& Res);
+  requires Num<A, 2>
+ZOR_API Integer EdgeVector(const A& a, TOrientation Orient, TEdgeOp EdgeOp, TDoubleArray& Res);
 
 /// First and last column, first and last row that hold a cell other than 0; NaN is other than 0. All four are -1 if
 /// there is none or the array is empty.
 template <class A>
-requires Num<A, 2> ZOR_API void BoundingRect(const A& a, Integer& Left, Integer& Right, Integer& Top, Integer& Bottom);
+  requires Num<A, 2>
+ZOR_API void BoundingRect(const A& a, Integer& Left, Integer& Right, Integer& Top, Integer& Bottom);
 
 }  // namespace ZOR_openarrays

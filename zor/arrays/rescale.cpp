@@ -100,15 +100,15 @@ Integer rescale(A& a, const std::array<Integer, N>& low, const std::array<Intege
 }  // namespace
 
 template <class A>
-requires ArrayOf<A, 1, 1, Double> Integer RescaleArray(A& a, Integer Low, Integer High, TRescaleMode Mode,
-                                                       Double& Value1, Double& Value2) {
+  requires ArrayOf<A, 1, 1, Double>
+Integer RescaleArray(A& a, Integer Low, Integer High, TRescaleMode Mode, Double& Value1, Double& Value2) {
   return rescale<A, 1>(a, {Low}, {High}, Mode, Value1, Value2);
 }
 
 template <class A>
-requires ArrayOf<A, 2, 2, Double> Integer RescaleArray(A& a, Integer LowCol, Integer LowRow, Integer HighCol,
-                                                       Integer HighRow, TRescaleMode Mode, Double& Value1,
-                                                       Double& Value2) {
+  requires ArrayOf<A, 2, 2, Double>
+Integer RescaleArray(A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, TRescaleMode Mode,
+                     Double& Value1, Double& Value2) {
   return rescale<A, 2>(a, {LowCol, LowRow}, {HighCol, HighRow}, Mode, Value1, Value2);
 }
 

@@ -26,11 +26,11 @@ inline constexpr Integer kNoScale =
 /// Results: 0; kEmptyArray; kBadRange if a bound lies outside or a low is above its high; kNoScale, also where a cell
 /// is infinite. On a negative code nothing is touched.
 template <class A>
-requires ArrayOf<A, 1, 1, Double> ZOR_API Integer RescaleArray(A& a, Integer Low, Integer High, TRescaleMode Mode,
-                                                               Double& Value1, Double& Value2);
+  requires ArrayOf<A, 1, 1, Double>
+ZOR_API Integer RescaleArray(A& a, Integer Low, Integer High, TRescaleMode Mode, Double& Value1, Double& Value2);
 template <class A>
-requires ArrayOf<A, 2, 2, Double> ZOR_API Integer RescaleArray(A& a, Integer LowCol, Integer LowRow, Integer HighCol,
-                                                               Integer HighRow, TRescaleMode Mode, Double& Value1,
-                                                               Double& Value2);
+  requires ArrayOf<A, 2, 2, Double>
+ZOR_API Integer RescaleArray(A& a, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, TRescaleMode Mode,
+                             Double& Value1, Double& Value2);
 
 }  // namespace ZOR_openarrays

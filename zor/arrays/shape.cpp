@@ -93,7 +93,8 @@ Integer FlipDimArray(A& a, Integer Dim) {
 }
 
 template <class A>
-requires ArrayOf<A, 2, 2, Double, Integer, Boolean> Integer TransposeArray(A& a) {
+  requires ArrayOf<A, 2, 2, Double, Integer, Boolean>
+Integer TransposeArray(A& a) {
   const auto [cols, rows] = shape_of(a).length;
   if (cols == 0) return kEmptyArray;
   A made;

@@ -22,7 +22,8 @@ ZOR_API Integer FlipDimArray(A& a, Integer Dim);
 
 /// Exchanges columns and rows: A[c][r] becomes A[r][c]. Results: 0; kEmptyArray.
 template <class A>
-requires ArrayOf<A, 2, 2, Double, Integer, Boolean> ZOR_API Integer TransposeArray(A& a);
+  requires ArrayOf<A, 2, 2, Double, Integer, Boolean>
+ZOR_API Integer TransposeArray(A& a);
 
 /// All cells in one line. With ColumnWise column after column, Res[r + rows * c] = A[c][r]; otherwise row after row,
 /// Res[c + cols * r] = A[c][r]. An empty A leaves Res as it is.

@@ -7,7 +7,8 @@
 namespace ZOR_openarrays {
 
 template <class A>
-requires Num<A, 1> Integer ShuffleArray(A& a) {
+  requires Num<A, 1>
+Integer ShuffleArray(A& a) {
   if (a.size() < 2) return kEmptyArray;
   for (Integer i = High(a); i > 0; --i) std::swap(a[i], a[ZOR_runtime::Random(i)]);
   return 0;

@@ -15,6 +15,7 @@ namespace ZOR_openarrays {
 /// array of random deviates with SortArray and use its index array.
 /// Source: S. Sattolo, An algorithm to generate a random cyclic permutation, Inf. Process. Lett. 22 (1986).
 template <class A>
-requires Num<A, 1> ZOR_API Integer ShuffleArray(A& a);
+  requires Num<A, 1>
+ZOR_API Integer ShuffleArray(A& a);
 
 }  // namespace ZOR_openarrays

@@ -26,7 +26,8 @@ Integer add(Integer a, Integer b) {
 }  // namespace
 
 template <class A>
-requires Num<A, 2> Integer SumArrayMasked(const A& a, const TBool2DArray& Mask, Double& Sum) {
+  requires Num<A, 2>
+Integer SumArrayMasked(const A& a, const TBool2DArray& Mask, Double& Sum) {
   using T = CellType<A>;
   const auto shape = shape_of(a);
   if (shape.empty()) return kNothingToSum;
@@ -67,7 +68,8 @@ Double SumOfSquaredDiffs(const TDoubleArray& A, const TDouble2DArray& M, Integer
 }
 
 template <class A>
-requires Num<A, 2> Integer TraceOfArray(const A& a, CellType<A>& Trace) {
+  requires Num<A, 2>
+Integer TraceOfArray(const A& a, CellType<A>& Trace) {
   Trace = 0;
   const auto shape = shape_of(a);
   if (shape.empty()) return kEmptyArray;

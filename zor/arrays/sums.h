@@ -18,7 +18,8 @@ inline constexpr Double kNoSuchColumn = -3.0;  ///< Of SumOfSquaredDiffs: Col li
 /// cells. An empty A gives kNothingToSum, a Mask of another size kMaskMismatch; Sum is then left as it was. Integers
 /// are added as Double.
 template <class A>
-requires Num<A, 2> ZOR_API Integer SumArrayMasked(const A& a, const TBool2DArray& Mask, Double& Sum);
+  requires Num<A, 2>
+ZOR_API Integer SumArrayMasked(const A& a, const TBool2DArray& Mask, Double& Sum);
 
 /// Sum of (A - B)^2; or between A and column Col of M, counted from 0, of which the rows must be as many as A has
 /// cells. Negative results are kEmptyOperand, kOtherLength, kNoSuchColumn; of several the last.
@@ -28,6 +29,7 @@ ZOR_API Double SumOfSquaredDiffs(const TDoubleArray& A, const TDouble2DArray& M,
 /// Sum of the cells with equal indices; integers wrap around at 32 bits. Results: 0; kEmptyArray; kSizeMismatch if A is
 /// not square. Trace is set to 0 first in all cases.
 template <class A>
-requires Num<A, 2> ZOR_API Integer TraceOfArray(const A& a, CellType<A>& Trace);
+  requires Num<A, 2>
+ZOR_API Integer TraceOfArray(const A& a, CellType<A>& Trace);
 
 }  // namespace ZOR_openarrays

@@ -20,7 +20,8 @@ Integer determinant(Integer a, Integer b, Integer c, Integer d) {
 }  // namespace
 
 template <class A>
-requires Num<A, 1> Integer VectorDotProduct(const A& a, const Same<A>& b, CellType<A>& Dot) {
+  requires Num<A, 1>
+Integer VectorDotProduct(const A& a, const Same<A>& b, CellType<A>& Dot) {
   if (a.empty() || b.empty()) return kEmptyArray;
   if (a.size() != b.size()) return kSizeMismatch;
   Dot = dot(a, b);
@@ -28,7 +29,8 @@ requires Num<A, 1> Integer VectorDotProduct(const A& a, const Same<A>& b, CellTy
 }
 
 template <class A>
-requires Num<A, 1> Integer VectorCrossProduct(const Same<A>& a, const Same<A>& b, A& C) {
+  requires Num<A, 1>
+Integer VectorCrossProduct(const Same<A>& a, const Same<A>& b, A& C) {
   if (a.empty() || b.empty()) return kEmptyArray;
   if (a.size() != 3 || b.size() != 3) return kNotThreeCells;
   C = {determinant(a[1], a[2], b[1], b[2]), determinant(a[2], a[0], b[2], b[0]), determinant(a[0], a[1], b[0], b[1])};

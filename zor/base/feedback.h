@@ -31,8 +31,11 @@ class TSharedVar {
   operator T() const noexcept { return load(); }
   T load() const noexcept { return value_.load(std::memory_order_relaxed); }
   /// One atomic step.
-  T operator+=(T step) noexcept requires requires(std::atomic<T> a) { a.fetch_add(step); }
-  { return value_.fetch_add(step, std::memory_order_relaxed) + step; }
+  T operator+=(T step) noexcept
+    requires requires(std::atomic<T> a) { a.fetch_add(step); }
+  {
+    return value_.fetch_add(step, std::memory_order_relaxed) + step;
+  }
 
  private:
   std::atomic<T> value_;

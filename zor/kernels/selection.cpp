@@ -40,11 +40,11 @@ void of_key(std::int64_t k, double& v) {
 }
 
 template <class T>
-constexpr T kLeast = std::numeric_limits<T>::has_infinity ? -std::numeric_limits<T>::infinity()
-                                                          : std::numeric_limits<T>::lowest();
+constexpr T kLeast =
+    std::numeric_limits<T>::has_infinity ? -std::numeric_limits<T>::infinity() : std::numeric_limits<T>::lowest();
 template <class T>
-constexpr T kGreatest = std::numeric_limits<T>::has_infinity ? std::numeric_limits<T>::infinity()
-                                                             : std::numeric_limits<T>::max();
+constexpr T kGreatest =
+    std::numeric_limits<T>::has_infinity ? std::numeric_limits<T>::infinity() : std::numeric_limits<T>::max();
 
 template <class T>
 std::size_t count_upto(std::span<const T> x, T bound) {

@@ -92,26 +92,34 @@ void BasicMatrix<T>::FillDiag(T value) {
 }
 
 template <Cell T>
-void BasicMatrix<T>::FillRandomUniform(Double RangeLow, Double RangeHigh) requires RealCell<T> {
+void BasicMatrix<T>::FillRandomUniform(Double RangeLow, Double RangeHigh)
+  requires RealCell<T>
+{
   FillRandomUniform(0, 0, 0, 0, RangeLow, RangeHigh);
 }
 
 template <Cell T>
 void BasicMatrix<T>::FillRandomUniform(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow,
-                                       Double RangeLow, Double RangeHigh) requires RealCell<T> {
+                                       Double RangeLow, Double RangeHigh)
+  requires RealCell<T>
+{
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
               [&](std::span<T> column) { zor::detail::fill_random(column, RangeLow, RangeHigh - RangeLow); });
   Changed();
 }
 
 template <Cell T>
-void BasicMatrix<T>::FillRandomGauss(Double Mean, Double StdDev) requires RealCell<T> {
+void BasicMatrix<T>::FillRandomGauss(Double Mean, Double StdDev)
+  requires RealCell<T>
+{
   FillRandomGauss(0, 0, 0, 0, Mean, StdDev);
 }
 
 template <Cell T>
 void BasicMatrix<T>::FillRandomGauss(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double Mean,
-                                     Double StdDev) requires RealCell<T> {
+                                     Double StdDev)
+  requires RealCell<T>
+{
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
               [&](std::span<T> column) { zor::detail::fill_gauss(column, Mean, StdDev); });
   Changed();

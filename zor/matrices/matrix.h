@@ -121,12 +121,26 @@ class ZOR_API BasicMatrix : public TComponent {
   /// the number of decimals in fixed notation; if it is -1, as in a new matrix, the notation is general with as many
   /// significant digits as the setting of an ix below 2 says, where 15 (as in a new matrix) and more, or -1, mean the
   /// shortest text that reads back to the same double, and 0 counts as 1.
-  Integer Precision(Integer ix) const noexcept requires RealCell<T> { return FPrecis[ix < 2 ? 0 : 1]; }
-  void SetPrecision(Integer ix, Integer value) noexcept requires RealCell<T> {
+  Integer Precision(Integer ix) const noexcept
+    requires RealCell<T>
+  {
+    return FPrecis[ix < 2 ? 0 : 1];
+  }
+  void SetPrecision(Integer ix, Integer value) noexcept
+    requires RealCell<T>
+  {
     FPrecis[ix < 2 ? 0 : 1] = value < -1 ? -1 : value > 25 ? 25 : value;
   }
-  Integer GetFPrecis(Integer ix) const noexcept requires RealCell<T> { return Precision(ix); }
-  void SetFPrecis(Integer ix, Integer value) noexcept requires RealCell<T> { SetPrecision(ix, value); }
+  Integer GetFPrecis(Integer ix) const noexcept
+    requires RealCell<T>
+  {
+    return Precision(ix);
+  }
+  void SetFPrecis(Integer ix, Integer value) noexcept
+    requires RealCell<T>
+  {
+    SetPrecision(ix, value);
+  }
   /// @}
 
   /// \name Cells
@@ -167,21 +181,26 @@ class ZOR_API BasicMatrix : public TComponent {
   /// @{
   void Fill(T value);
   template <std::floating_point F>
-  requires(!RealCell<T>) void Fill(F) = delete;  // no silent narrowing
+    requires(!RealCell<T>)
+  void Fill(F) = delete;  // no silent narrowing
   void Fill(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, T value);
   template <std::floating_point F>
-  requires(!RealCell<T>) void Fill(Integer, Integer, Integer, Integer, F) = delete;
+    requires(!RealCell<T>)
+  void Fill(Integer, Integer, Integer, Integer, F) = delete;
   /// Cells (i, i) up to the smaller dimension; the others stay.
   void FillDiag(T value);
   /// RangeLow + (RangeHigh - RangeLow) * u with u uniform in [0, 1), from the runtime's generator, which is not
   /// reseeded; column after column.
-  void FillRandomUniform(Double RangeLow, Double RangeHigh) requires RealCell<T>;
+  void FillRandomUniform(Double RangeLow, Double RangeHigh)
+    requires RealCell<T>;
   void FillRandomUniform(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double RangeLow,
-                         Double RangeHigh) requires RealCell<T>;
+                         Double RangeHigh)
+    requires RealCell<T>;
   /// Mean + StdDev * g, g being standard normal deviates (GRandom); column after column.
-  void FillRandomGauss(Double Mean, Double StdDev) requires RealCell<T>;
-  void FillRandomGauss(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double Mean,
-                       Double StdDev) requires RealCell<T>;
+  void FillRandomGauss(Double Mean, Double StdDev)
+    requires RealCell<T>;
+  void FillRandomGauss(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double Mean, Double StdDev)
+    requires RealCell<T>;
   /// Column after column from the top, the first cell Offset, each next one the one before plus Diff, by repeated
   /// addition. No event.
   void FillSerial(T Offset, T Diff);
@@ -262,13 +281,14 @@ class ZOR_API BasicMatrix : public TComponent {
                 Integer SourceRowHi, Integer DestCol, Integer DestRow);
   /// Copies a range of a vector along a row (dimCols) or down a column (dimRows) from (DestCol, DestRow) on. Null:
   /// nothing.
-  void CopyFromVec(TDims Dim, const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol,
-                   Integer DestRow) requires RealCell<T>;
+  void CopyFromVec(TDims Dim, const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol, Integer DestRow)
+    requires RealCell<T>;
   /// Down a column.
-  void CopyFromVec(const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol,
-                   Integer DestRow) requires RealCell<T>;
+  void CopyFromVec(const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol, Integer DestRow)
+    requires RealCell<T>;
   void CopyFromVec(const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol, Integer DestRow,
-                   Boolean AsColumn) requires RealCell<T>;
+                   Boolean AsColumn)
+    requires RealCell<T>;
   /// Position i of the array, from 0, goes to (Col, Row + i) with AsColumn, else to (Col + i, Row): the position itself
   /// counts, not its distance from FirstElem. (0, 0) means the whole array; reversed bounds are exchanged. 0, kNoArray,
   /// kBadElementRange, or kBadPlace, which wins. A matrix of integers rounds, ties to even.
@@ -293,23 +313,33 @@ class ZOR_API BasicMatrix : public TComponent {
   /// one running sum from 0.0 with its terms in ascending order.
   /// @{
   /// MatRes = A B. OnChange also of this matrix, which does not change.
-  Boolean Multiply(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T>;
+  Boolean Multiply(const BasicMatrix* MatB, BasicMatrix* MatRes)
+    requires RealCell<T>;
   /// VecRes = A b. OnChange also of this matrix.
-  Boolean Multiply(const TVector* VecB, TVector* VecRes) requires RealCell<T>;
+  Boolean Multiply(const TVector* VecB, TVector* VecRes)
+    requires RealCell<T>;
   /// MatRes = A B' for a B with as many columns. OnChange also of this matrix.
-  Boolean MultiplyTransposed(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T>;
+  Boolean MultiplyTransposed(const BasicMatrix* MatB, BasicMatrix* MatRes)
+    requires RealCell<T>;
   /// MatRes = A' B for a B with as many rows.
-  Boolean TransposeAndMultiply(const BasicMatrix* MatB, BasicMatrix* MatRes) const requires RealCell<T>;
+  Boolean TransposeAndMultiply(const BasicMatrix* MatB, BasicMatrix* MatRes) const
+    requires RealCell<T>;
   /// VecRes = A' b.
-  Boolean TransposeAndMultiply(const TVector* VecB, TVector* VecRes) const requires RealCell<T>;
+  Boolean TransposeAndMultiply(const TVector* VecB, TVector* VecRes) const
+    requires RealCell<T>;
   /// Products of like cells of two matrices of equal size. OnChange also of this matrix.
-  Boolean EMult(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T>;
+  Boolean EMult(const BasicMatrix* MatB, BasicMatrix* MatRes)
+    requires RealCell<T>;
   /// Adds and subtracts like cells of a matrix of equal size, in place; OnChange.
-  Boolean Add(const BasicMatrix* MatB) requires RealCell<T>;
-  Boolean Subtract(const BasicMatrix* MatB) requires RealCell<T>;
+  Boolean Add(const BasicMatrix* MatB)
+    requires RealCell<T>;
+  Boolean Subtract(const BasicMatrix* MatB)
+    requires RealCell<T>;
   /// Every cell times, or plus, a number; OnChange.
-  void SMult(Double Scalar) requires RealCell<T>;
-  void SAdd(Double Scalar) requires RealCell<T>;
+  void SMult(Double Scalar)
+    requires RealCell<T>;
+  void SAdd(Double Scalar)
+    requires RealCell<T>;
 
   /// MatRes(i, j) = MatRes(j, i) = (sum over the rows r of A(i, r) * A(j, r)) / Norm: the Gram matrix of the columns,
   /// or with centred columns and Norm = n - 1 their covariances. MatRes is resized with its events, its cells are
@@ -319,105 +349,126 @@ class ZOR_API BasicMatrix : public TComponent {
   /// 1 .. the smaller of CPUCount and the number of columns; worker threads work on blocks of columns while the calling
   /// one runs MathFeedBackProc. The cells do not depend on the number of threads. An exception of a handler passes on
   /// after all workers have ended. Neither matrix may be changed during the call.
-  Boolean Square(BasicMatrix* MatRes, Double Norm, Integer NThreads) const requires RealCell<T>;
+  Boolean Square(BasicMatrix* MatRes, Double Norm, Integer NThreads) const
+    requires RealCell<T>;
   /// With one thread less than there are processors, but at least one.
-  Boolean Square(BasicMatrix* MatRes, Double Norm) const requires RealCell<T>;
+  Boolean Square(BasicMatrix* MatRes, Double Norm) const
+    requires RealCell<T>;
 
   /// Becomes its inverse, by InvertArray of ZOR_openarrays, which tells method, pivots, feedback and aborts. False if
   /// the matrix is not square or a row holds only zeros, with nothing changed; if it is singular or AbortMathProc was
   /// set, with its cells partly factored; and if a feedback procedure resized it. What that throws passes on, as from
   /// CalcHatMatrix. No event.
-  Boolean Invert() requires RealCell<T>;
+  Boolean Invert()
+    requires RealCell<T>;
   /// Product of the diagonal of the upper factor of LUdecomposition; 0.0 if the matrix is not square or has a cell that
   /// is not finite.
-  Double Determinant() const requires RealCell<T>;
+  Double Determinant() const
+    requires RealCell<T>;
   /// The triangular factors of LUdecomposition of ZOR_openarrays, which are resized, then told as CopyFromArray does.
   /// False, with nothing changed, also if the matrix is not square, a cell is not finite, or MatL is MatU.
-  Boolean LUdecomposition(BasicMatrix* MatL, BasicMatrix* MatU) const requires RealCell<T>;
+  Boolean LUdecomposition(BasicMatrix* MatL, BasicMatrix* MatU) const
+    requires RealCell<T>;
   /// A = L L' for a symmetric positive definite matrix, of which the cells with row >= column are read. MatL is resized
   /// with its events; L goes into its cells with row >= column, the others stay, then one OnChange. This matrix gets L
   /// without its diagonal, turned, in its cells with column > row, and tells no event. The terms of each cell are
   /// subtracted from the last column to the first. False, with nothing changed, if the matrix is not square or not
   /// positive definite, or MatL is this matrix.
-  Boolean CholeskyDecomp(BasicMatrix* MatL) requires RealCell<T>;
+  Boolean CholeskyDecomp(BasicMatrix* MatL)
+    requires RealCell<T>;
   /// Makes the sums of magnitudes of row and column i, both without the diagonal, equal for each i: a similarity
   /// transformation by a diagonal matrix, in passes until no factor exceeds Tolerance, which is limited to 1.000001 to
   /// 1.05. Rows and columns whose factor would be 0 or not finite, and columns of zeros, are passed over. False, with
   /// nothing changed, if the matrix is not square; false also after 100 passes. No event. (Osborne, On pre-conditioning
   /// of matrices, 1960)
-  Boolean Balance(Double Tolerance) requires RealCell<T>;
+  Boolean Balance(Double Tolerance)
+    requires RealCell<T>;
   /// ntColwise and ntRowwise: the largest sum of magnitudes of a column or row, where NaN is never it. ntFrobenius: the
   /// root of the sum of squares. ntSpectral: the largest singular value; its computation takes four feedback steps for
   /// each column. Raises EZORMatrixError "near singular covariance matrix" if that did not converge (a cell is not
   /// finite) or AbortMathProc is set.
-  Double Norm(TNormType nt) const requires RealCell<T>;
+  Double Norm(TNormType nt) const
+    requires RealCell<T>;
   /// Sum of the diagonal; 0.0 if the matrix is not square.
-  Double Trace() const requires RealCell<T>;
+  Double Trace() const
+    requires RealCell<T>;
   /// HatMat = A (A' A)^-1 A', by CalcHatMatrix of ZOR_openarrays. HatMat becomes square with as many rows as this
   /// matrix has; if the inversion fails its cells stay as they are then. 0; kEmptyArray, kSizeMismatch (null, or this
   /// matrix itself), kSingular, kInverseAborted of ZOR_openarrays. No event on either matrix.
-  Integer CalcHatMatrix(BasicMatrix* HatMat) const requires RealCell<T>;
+  Integer CalcHatMatrix(BasicMatrix* HatMat) const
+    requires RealCell<T>;
   /// @}
 
   /// \name Statistics of a range; no event
   /// NaN is never extreme and never counted.
   /// @{
   /// Sum of the cells, column after column from the top.
-  Double Sum(Integer LoC, Integer LoR, Integer HiC, Integer HiR) const requires RealCell<T>;
+  Double Sum(Integer LoC, Integer LoR, Integer HiC, Integer HiR) const
+    requires RealCell<T>;
   /// Mean S / n and sample variance (Q - S * S / n) / (n - 1), from one pass with sums carried in twice the precision.
   /// The variance is 1.0 below three cells, exactly 0.0 for equal cells, never negative.
-  void MeanVar(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean,
-               Double& Variance) const requires RealCell<T>;
+  void MeanVar(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean, Double& Variance) const
+    requires RealCell<T>;
   /// Smallest and largest cell. The search starts from uc_MaxReal and -uc_MaxReal, which stay if all cells are NaN.
-  void MinMax(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Minimum,
-              Double& Maximum) const requires RealCell<T>;
+  void MinMax(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Minimum, Double& Maximum) const
+    requires RealCell<T>;
   /// exp of the mean logarithm; 0.0 if a cell is 0. Throws EZORMatrixError for a negative cell.
-  Double GeometricMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const requires RealCell<T>;
+  Double GeometricMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const
+    requires RealCell<T>;
   /// n / sum of 1 / x. Throws EZORMatrixError for a cell of 0 or below.
-  Double HarmonicMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const requires RealCell<T>;
+  Double HarmonicMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const
+    requires RealCell<T>;
   /// Skewness and excess kurtosis with the standard deviation of n - 1 in the denominator; 0.0 for one cell. Unlike
   /// those of a vector they have no floor of four values. Equal cells give the sums of powers as they stand.
   void SkewKurt(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Skewness,
-                Double& Kurtosis) const requires RealCell<T>;
+                Double& Kurtosis) const
+    requires RealCell<T>;
   /// The same corrected to a sample; 0.0 below four cells.
   void SkewKurtSample(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Skewness,
-                      Double& Kurtosis) const requires RealCell<T>;
+                      Double& Kurtosis) const
+    requires RealCell<T>;
   /// Quartiles, interpolated at position (n + 1) p of the sorted cells. True. Throws EZORMatrixError "not enough memory
   /// on heap".
   Boolean Quartiles(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Q1, Double& Q2,
-                    Double& Q3) const requires RealCell<T>;
+                    Double& Q3) const
+    requires RealCell<T>;
   /// The cell of rank Round(prob * n / 100), ties to even, at most n - 1, of the ascending order counted from 0; prob
   /// is moved into 0 to 100, NaN gives NaN. Nothing is interpolated: Percentile(50) of 1, 2, 3, 4 is 3, of three cells
   /// it is the largest. NaN cells count as largest. Throws EZORMatrixError "not enough memory on heap".
-  Double Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol,
-                    Integer HighRow) const requires RealCell<T>;
+  Double Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const
+    requires RealCell<T>;
   /// An estimate of it from SampleSize cells drawn with replacement, after reseeding the runtime's generator from the
   /// clock; 0.0 without selection where the percentile falls among the zeros of the sample. The exact percentile for a
   /// SampleSize below 1 or not below the number of cells.
   Double Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
-                    Integer SampleSize) const requires RealCell<T>;
+                    Integer SampleSize) const
+    requires RealCell<T>;
   /// Number of cells with RangeLow <= x <= RangeHigh.
   Integer CountValues(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double RangeLow,
-                      Double RangeHigh) const requires RealCell<T>;
+                      Double RangeHigh) const
+    requires RealCell<T>;
   /// Counts the cells in bins as TVector::Histogram does. False, with nothing touched, for more than 500 bins, a
   /// BinWidth not above 0, or limits not finite.
   Boolean Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
-                    Double BinWidth, TIntArray& Histo, Integer& Underflow, Integer& Overflow,
-                    Integer& MaxCnt) const requires RealCell<T>;
+                    Double BinWidth, TIntArray& Histo, Integer& Underflow, Integer& Overflow, Integer& MaxCnt) const
+    requires RealCell<T>;
   Boolean Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
-                    Double BinWidth, TIntVector* Histo, Integer& Underflow, Integer& Overflow,
-                    Integer& MaxCnt) const requires RealCell<T>;
+                    Double BinWidth, TIntVector* Histo, Integer& Underflow, Integer& Overflow, Integer& MaxCnt) const
+    requires RealCell<T>;
   /// @}
 
   /// \name Statistics of the whole matrix; no event
   /// @{
   /// ResultArray becomes as large as the matrix, with true for each cell above Threshold. The number of these.
-  Integer Dichotomize(Double Threshold, TBool2DArray& ResultArray) const requires RealCell<T>;
+  Integer Dichotomize(Double Threshold, TBool2DArray& ResultArray) const
+    requires RealCell<T>;
   /// Gives Means the mean of each column (dimCols) or of each row (dimRows), summed in order. Null: nothing.
-  void MeanVec(TDims Dim, TVector* Means) const requires RealCell<T>;
+  void MeanVec(TDims Dim, TVector* Means) const
+    requires RealCell<T>;
   /// Correlation coefficient of Pearson over all cells as one sample, from sums in twice the precision; 0.0 below three
   /// cells and for cells that are all equal. Throws EZORMatrixError for another size or null.
-  Double Correlate(const BasicMatrix* OtherMat) const requires RealCell<T>;
+  Double Correlate(const BasicMatrix* OtherMat) const
+    requires RealCell<T>;
   /// @}
 
   /// \name Scaling of columns and rows
@@ -426,15 +477,21 @@ class ZOR_API BasicMatrix : public TComponent {
   /// is 1.0, so that two rows are centred, not scaled.
   /// @{
   /// x - mean.
-  void MeanCenterColumns(TVector* Means) requires RealCell<T>;
-  void MeanCenterRows(TVector* Means) requires RealCell<T>;
+  void MeanCenterColumns(TVector* Means)
+    requires RealCell<T>;
+  void MeanCenterRows(TVector* Means)
+    requires RealCell<T>;
   /// (x - mean) / sqrt(variance) where the variance is above 0; equal cells stay. StdDevs gets sqrt(variance).
-  void StandardizeColumns(TVector* Means, TVector* StdDevs) requires RealCell<T>;
-  void StandardizeRows(TVector* Means, TVector* StdDevs) requires RealCell<T>;
+  void StandardizeColumns(TVector* Means, TVector* StdDevs)
+    requires RealCell<T>;
+  void StandardizeRows(TVector* Means, TVector* StdDevs)
+    requires RealCell<T>;
   /// (x - Percentile(50)) / diff, with diff = |Percentile(50) - Percentile(RefQuant)|, where that is above 0; else x
   /// stays. The percentiles are those of the matrix, without interpolation.
-  void QNormalizeColumns(Double RefQuant, TVector* Medians, TVector* QuantDiffs) requires RealCell<T>;
-  void QNormalizeRows(Double RefQuant, TVector* Medians, TVector* QuantDiffs) requires RealCell<T>;
+  void QNormalizeColumns(Double RefQuant, TVector* Medians, TVector* QuantDiffs)
+    requires RealCell<T>;
+  void QNormalizeRows(Double RefQuant, TVector* Medians, TVector* QuantDiffs)
+    requires RealCell<T>;
   /// @}
 
   /// \name Distances and projections; no event of this matrix
@@ -449,19 +506,23 @@ class ZOR_API BasicMatrix : public TComponent {
   /// | dmEuclidSqr | sum of (x - y)^2 |
   /// | dmDice | 2 Sxy / (Sxx + Syy), a similarity |
   /// | dmUserDef | what OnCalcDistance leaves; 0.0 without a handler |
-  Double DistanceOfObjects(TDistMode Mode, Integer obj1, Integer obj2) const requires RealCell<T>;
+  Double DistanceOfObjects(TDistMode Mode, Integer obj1, Integer obj2) const
+    requires RealCell<T>;
   /// Stores the distances of all pairs of rows in DMat, which must have as many columns and rows; its diagonal becomes
   /// 0.0, also for similarities. DMat tells no event and may be this matrix. 0; kNotSquare, also for null;
   /// kOtherNumberOfRows, which wins. On a code nothing is written.
-  Integer CalcDistMat(TDistMode Mode, BasicMatrix* DMat) const requires RealCell<T>;
+  Integer CalcDistMat(TDistMode Mode, BasicMatrix* DMat) const
+    requires RealCell<T>;
   /// Projects the matrix on an edge: one result for each row (orHorizontal), over the columns listed in EdgeIx, or for
   /// each column (orVertical), over the rows listed; an empty list means all. eoMean divides by the full number of
   /// columns or rows, whatever the list; eoStdDev is 0.0 below three cells, from sums in twice the precision; eoMin and
   /// eoMax start from uc_MaxDouble and -uc_MaxDouble. Dest gets as many elements, each stored with SetVal. 0;
   /// kBadIndex, with the bad indices skipped; kNoDestination.
-  Integer EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx,
-                     TVector* Dest) const requires RealCell<T>;
-  void EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, TVector* Dest) const requires RealCell<T> {
+  Integer EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx, TVector* Dest) const
+    requires RealCell<T>;
+  void EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, TVector* Dest) const
+    requires RealCell<T>
+  {
     EdgeVector(Orient, EdgeOp, TIntArray(), Dest);
   }
   /// @}
@@ -471,15 +532,16 @@ class ZOR_API BasicMatrix : public TComponent {
   /// Comb sort of the rows of a range by the cells of column SortColIx, which move along also where they lie outside of
   /// the range. OnSortExchange(2, row, row, LowCol, HighCol) after each exchange, OnChange once at the end. Not stable;
   /// a NaN key never moves. A column that does not exist, or a range of one row: nothing.
-  void SortRows(Integer SortColIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol,
-                Integer HighRow) requires RealCell<T>;
+  void SortRows(Integer SortColIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow)
+    requires RealCell<T>;
   /// The same for columns by the cells of row SortRowIx; OnSortExchange(1, column, column, LowRow, HighRow).
-  void SortCols(Integer SortRowIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol,
-                Integer HighRow) requires RealCell<T>;
+  void SortCols(Integer SortRowIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow)
+    requires RealCell<T>;
   /// Differences of neighbours, x[i + 1] - x[i], taken Order times (1 to 10) down each column (acrColumns) or along
   /// each row (acrRows), which become shorter by Order. OnChange, OnResize, OnChange, OnResize. 0; kBadOrder;
   /// kTooFewCells.
-  Integer Diff(Integer Order, TApplyColRow Mode) requires RealCell<T>;
+  Integer Diff(Integer Order, TApplyColRow Mode)
+    requires RealCell<T>;
   /// Becomes a random part of SrcMat with colpct percent of its columns, distinct, in order if they are all, and rowpct
   /// percent of its rows, in random order: distinct, or with BootStrap drawn with replacement. RndColIx and RndRowIx,
   /// which must have storage, get the numbers drawn. Resize, then each cell through SetVal, OnChange, OnResize. SrcMat
@@ -487,7 +549,8 @@ class ZOR_API BasicMatrix : public TComponent {
   /// row left, above 100 %, NaN); kTooManyDistinct. On a code nothing is touched.
   /// \warning Distinct numbers come from FillRandomUniform, see there: they are no fair sample.
   Integer ResampleExtMat(const BasicMatrix* SrcMat, Double colpct, Double rowpct, Boolean BootStrap,
-                         TIntArray& RndColIx, TIntArray& RndRowIx) requires RealCell<T>;
+                         TIntArray& RndColIx, TIntArray& RndRowIx)
+    requires RealCell<T>;
   /// @}
 
   /// \name XML documents
@@ -520,9 +583,11 @@ class ZOR_API BasicMatrix : public TComponent {
   /// the cells with Precision decimals (0 to 25) and tabs between them; then, if there are any, the further text cells
   /// CustData[column][row], a block of their own: lines ";custdata", columns, rows, one line a row in quotes. 0, or
   /// kCannotCreateFile; EInOutError if writing fails later.
-  Integer ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const requires RealCell<T>;
+  Integer ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const
+    requires RealCell<T>;
   Integer ExportAsASC(const TString& FName, Integer Precision, const TString& Comment,
-                      const TStr2DArray& CustData) const requires RealCell<T>;
+                      const TStr2DArray& CustData) const
+    requires RealCell<T>;
   /// Reads an ASC text file, names and row attributes being dropped; "NAN" and "###" give 0. OnChange and OnResize of a
   /// new size, OnChange for each cell. 0; kBadRowAttribute, kBadValue (the matrix ends with the row that failed);
   /// kNoSuchFile; kNoCells, also for more cells than the file can hold; or a code of ReadHeaderOfASC. CustData becomes
@@ -539,7 +604,8 @@ class ZOR_API BasicMatrix : public TComponent {
   /// With AutoDetect: the rows are the lines that carry the mark "//dig", their cells the words in front of it;
   /// AdjustMatrixSize takes the number of columns from the first such line. A file without any mark is read as the
   /// plain form.
-  Boolean LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize, Boolean AutoDetect) requires RealCell<T>;
+  Boolean LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize, Boolean AutoDetect)
+    requires RealCell<T>;
   /// @}
 
   /// \name Streams and binary files: every bit comes back

@@ -97,14 +97,17 @@ bool read_custom_cells(TTextFile& file, TStr2DArray& cells) {
 }  // namespace
 
 template <Cell T>
-Integer BasicMatrix<T>::ExportAsASC(const TString& FName, Integer Precision,
-                                    const TString& Comment) const requires RealCell<T> {
+Integer BasicMatrix<T>::ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const
+  requires RealCell<T>
+{
   return ExportAsASC(FName, Precision, Comment, nullptr);
 }
 
 template <Cell T>
 Integer BasicMatrix<T>::ExportAsASC(const TString& FName, Integer Precision, const TString& Comment,
-                                    const TStr2DArray& CustData) const requires RealCell<T> {
+                                    const TStr2DArray& CustData) const
+  requires RealCell<T>
+{
   TTextFile file(FName);
   try {
     file.Rewrite();

@@ -76,7 +76,9 @@ void BasicMatrix<T>::CopyFrom(const BasicMatrix* MatSource, Integer SourceColLo,
 
 template <Cell T>
 void BasicMatrix<T>::CopyFromVec(TDims Dim, const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol,
-                                 Integer DestRow) requires RealCell<T> {
+                                 Integer DestRow)
+  requires RealCell<T>
+{
   if (!Src) return;
   Src->MakeValidElemRange(FirstElem, LastElem);
   TArray kept;
@@ -97,14 +99,17 @@ void BasicMatrix<T>::CopyFromVec(TDims Dim, const TVec* Src, Integer FirstElem, 
 }
 
 template <Cell T>
-void BasicMatrix<T>::CopyFromVec(const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol,
-                                 Integer DestRow) requires RealCell<T> {
+void BasicMatrix<T>::CopyFromVec(const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol, Integer DestRow)
+  requires RealCell<T>
+{
   CopyFromVec(dimRows, Src, FirstElem, LastElem, DestCol, DestRow);
 }
 
 template <Cell T>
 void BasicMatrix<T>::CopyFromVec(const TVec* Src, Integer FirstElem, Integer LastElem, Integer DestCol, Integer DestRow,
-                                 Boolean AsColumn) requires RealCell<T> {
+                                 Boolean AsColumn)
+  requires RealCell<T>
+{
   CopyFromVec(AsColumn ? dimRows : dimCols, Src, FirstElem, LastElem, DestCol, DestRow);
 }
 

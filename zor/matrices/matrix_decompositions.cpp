@@ -11,7 +11,9 @@
 namespace ZOR_matrix {
 
 template <Cell T>
-Boolean BasicMatrix<T>::Invert() requires RealCell<T> {
+Boolean BasicMatrix<T>::Invert()
+  requires RealCell<T>
+{
   const Integer n = FNCol;
   T2DArray work = Mat;
   const Integer code = zor::detail::memory_guard(*this, [&] { return ZOR_openarrays::InvertArray(work); });
@@ -21,7 +23,9 @@ Boolean BasicMatrix<T>::Invert() requires RealCell<T> {
 }
 
 template <Cell T>
-Double BasicMatrix<T>::Determinant() const requires RealCell<T> {
+Double BasicMatrix<T>::Determinant() const
+  requires RealCell<T>
+{
   T2DArray lower, upper;
   const auto factor = [&] { return ZOR_openarrays::LUdecomposition(Mat, lower, upper); };
   if (zor::detail::memory_guard(*this, factor) != 0) return 0.0;
@@ -31,7 +35,9 @@ Double BasicMatrix<T>::Determinant() const requires RealCell<T> {
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::LUdecomposition(BasicMatrix* MatL, BasicMatrix* MatU) const requires RealCell<T> {
+Boolean BasicMatrix<T>::LUdecomposition(BasicMatrix* MatL, BasicMatrix* MatU) const
+  requires RealCell<T>
+{
   if (!MatL || !MatU || MatL == MatU) return false;
   T2DArray lower, upper;
   const auto factor = [&] { return ZOR_openarrays::LUdecomposition(Mat, lower, upper); };
@@ -47,7 +53,9 @@ Boolean BasicMatrix<T>::LUdecomposition(BasicMatrix* MatL, BasicMatrix* MatU) co
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::CholeskyDecomp(BasicMatrix* MatL) requires RealCell<T> {
+Boolean BasicMatrix<T>::CholeskyDecomp(BasicMatrix* MatL)
+  requires RealCell<T>
+{
   const Integer n = FNCol;
   if (!MatL || MatL == this || FNRow != n) return false;
   T2DArray lower;
@@ -70,7 +78,9 @@ Boolean BasicMatrix<T>::CholeskyDecomp(BasicMatrix* MatL) requires RealCell<T> {
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::Balance(Double Tolerance) requires RealCell<T> {
+Boolean BasicMatrix<T>::Balance(Double Tolerance)
+  requires RealCell<T>
+{
   if (FNCol != FNRow) return false;
   constexpr int kMostPasses = 100;
   const Double tolerance = Tolerance > 1.05 ? 1.05 : Tolerance > 1.000001 ? Tolerance : 1.000001;
@@ -102,7 +112,9 @@ Boolean BasicMatrix<T>::Balance(Double Tolerance) requires RealCell<T> {
 }
 
 template <Cell T>
-Integer BasicMatrix<T>::CalcHatMatrix(BasicMatrix* HatMat) const requires RealCell<T> {
+Integer BasicMatrix<T>::CalcHatMatrix(BasicMatrix* HatMat) const
+  requires RealCell<T>
+{
   if (!HatMat || HatMat == this) return ZOR_openarrays::kSizeMismatch;
   const T2DArray x = Mat;
   T2DArray cells;

@@ -95,7 +95,9 @@ void store_distances(TDistMode mode, std::span<const Double* const> columns, std
 }  // namespace
 
 template <Cell T>
-Double BasicMatrix<T>::DistanceOfObjects(TDistMode Mode, Integer obj1, Integer obj2) const requires RealCell<T> {
+Double BasicMatrix<T>::DistanceOfObjects(TDistMode Mode, Integer obj1, Integer obj2) const
+  requires RealCell<T>
+{
   Double distance = 0.0;
   if (is_computed(Mode)) {
     PairSums sums{};
@@ -112,7 +114,9 @@ Double BasicMatrix<T>::DistanceOfObjects(TDistMode Mode, Integer obj1, Integer o
 }
 
 template <Cell T>
-Integer BasicMatrix<T>::CalcDistMat(TDistMode Mode, BasicMatrix* DMat) const requires RealCell<T> {
+Integer BasicMatrix<T>::CalcDistMat(TDistMode Mode, BasicMatrix* DMat) const
+  requires RealCell<T>
+{
   const auto check = [DMat](Integer n) {
     if (!DMat) return kNotSquare;
     if (DMat->FNCol != n) return kOtherNumberOfRows;

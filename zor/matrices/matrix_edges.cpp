@@ -48,8 +48,9 @@ std::vector<std::size_t> valid_indices(const TIntArray& list, Integer size) {
 }  // namespace
 
 template <Cell T>
-Integer BasicMatrix<T>::EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx,
-                                   TVector* Dest) const requires RealCell<T> {
+Integer BasicMatrix<T>::EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx, TVector* Dest) const
+  requires RealCell<T>
+{
   if (!Dest) return kNoDestination;
   const Boolean horizontal = Orient == orHorizontal;
   const Integer full = horizontal ? FNCol : FNRow;

@@ -99,8 +99,9 @@ Boolean BasicMatrix<T>::LoadFromFile(const TString& FileName, Boolean AdjustMatr
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize,
-                                     Boolean AutoDetect) requires RealCell<T> {
+Boolean BasicMatrix<T>::LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize, Boolean AutoDetect)
+  requires RealCell<T>
+{
   if (!AutoDetect) return LoadFromFile(FileName, AdjustMatrixSize);
   Boolean result = false;
   try {

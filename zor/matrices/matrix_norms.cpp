@@ -43,7 +43,9 @@ Double spectral_norm(TDouble2DArray& a) {
 }  // namespace
 
 template <Cell T>
-Double BasicMatrix<T>::Norm(TNormType nt) const requires RealCell<T> {
+Double BasicMatrix<T>::Norm(TNormType nt) const
+  requires RealCell<T>
+{
   const auto add_magnitude = [](Double sum, T x) { return sum + std::fabs(x); };
   std::vector<Double> sums;
   switch (nt) {
@@ -83,7 +85,9 @@ Double BasicMatrix<T>::Norm(TNormType nt) const requires RealCell<T> {
 }
 
 template <Cell T>
-Double BasicMatrix<T>::Trace() const requires RealCell<T> {
+Double BasicMatrix<T>::Trace() const
+  requires RealCell<T>
+{
   Double sum = 0.0;
   if (FNCol == FNRow) {
     for (Integer i = 0; i < FNCol; ++i) sum += Mat[i][i];

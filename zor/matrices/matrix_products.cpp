@@ -58,7 +58,9 @@ void BasicMatrix<T>::store_product(const BasicMatrix& b, Side rows, Side columns
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::Multiply(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T> {
+Boolean BasicMatrix<T>::Multiply(const BasicMatrix* MatB, BasicMatrix* MatRes)
+  requires RealCell<T>
+{
   if (!MatB || !MatRes || FNCol != MatB->FNRow) return false;
   store_product(*MatB, Side::rows, Side::columns, *MatRes);
   Changed();
@@ -66,7 +68,9 @@ Boolean BasicMatrix<T>::Multiply(const BasicMatrix* MatB, BasicMatrix* MatRes) r
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::MultiplyTransposed(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T> {
+Boolean BasicMatrix<T>::MultiplyTransposed(const BasicMatrix* MatB, BasicMatrix* MatRes)
+  requires RealCell<T>
+{
   if (!MatB || !MatRes || FNCol != MatB->FNCol) return false;
   store_product(*MatB, Side::rows, Side::rows, *MatRes);
   Changed();
@@ -74,14 +78,18 @@ Boolean BasicMatrix<T>::MultiplyTransposed(const BasicMatrix* MatB, BasicMatrix*
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::TransposeAndMultiply(const BasicMatrix* MatB, BasicMatrix* MatRes) const requires RealCell<T> {
+Boolean BasicMatrix<T>::TransposeAndMultiply(const BasicMatrix* MatB, BasicMatrix* MatRes) const
+  requires RealCell<T>
+{
   if (!MatB || !MatRes || FNRow != MatB->FNRow) return false;
   store_product(*MatB, Side::columns, Side::columns, *MatRes);
   return true;
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::Multiply(const TVector* VecB, TVector* VecRes) requires RealCell<T> {
+Boolean BasicMatrix<T>::Multiply(const TVector* VecB, TVector* VecRes)
+  requires RealCell<T>
+{
   if (!VecB || !VecRes || FNCol != VecB->NrOfElem()) return false;
   std::vector<Double> sums(zor::detail::to_size(FNRow), 0.0);
   for (Integer k = 1; k <= FNCol; ++k) kernels::axpy(VecB->GetVal(k), Column(k), sums);
@@ -91,7 +99,9 @@ Boolean BasicMatrix<T>::Multiply(const TVector* VecB, TVector* VecRes) requires 
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::TransposeAndMultiply(const TVector* VecB, TVector* VecRes) const requires RealCell<T> {
+Boolean BasicMatrix<T>::TransposeAndMultiply(const TVector* VecB, TVector* VecRes) const
+  requires RealCell<T>
+{
   if (!VecB || !VecRes || FNRow != VecB->NrOfElem()) return false;
   const std::span<const T> b = VecB->Cells();
   std::vector<Double> sums;
@@ -114,7 +124,9 @@ Boolean BasicMatrix<T>::TransposeAndMultiply(const TVector* VecB, TVector* VecRe
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::EMult(const BasicMatrix* MatB, BasicMatrix* MatRes) requires RealCell<T> {
+Boolean BasicMatrix<T>::EMult(const BasicMatrix* MatB, BasicMatrix* MatRes)
+  requires RealCell<T>
+{
   if (!MatB || !MatRes || FNCol != MatB->FNCol || FNRow != MatB->FNRow) return false;
   T2DArray made = new_cells(*this, FNCol, FNRow);
   for (Integer c = 1; c <= FNCol; ++c) kernels::multiply(Column(c), MatB->Column(c), made[c - 1]);
@@ -133,23 +145,31 @@ Boolean BasicMatrix<T>::combine_with(const BasicMatrix* other,
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::Add(const BasicMatrix* MatB) requires RealCell<T> {
+Boolean BasicMatrix<T>::Add(const BasicMatrix* MatB)
+  requires RealCell<T>
+{
   return combine_with(MatB, kernels::add);
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::Subtract(const BasicMatrix* MatB) requires RealCell<T> {
+Boolean BasicMatrix<T>::Subtract(const BasicMatrix* MatB)
+  requires RealCell<T>
+{
   return combine_with(MatB, kernels::subtract);
 }
 
 template <Cell T>
-void BasicMatrix<T>::SMult(Double Scalar) requires RealCell<T> {
+void BasicMatrix<T>::SMult(Double Scalar)
+  requires RealCell<T>
+{
   for_columns([Scalar](std::span<T> column) { kernels::scale(column, Scalar); });
   Changed();
 }
 
 template <Cell T>
-void BasicMatrix<T>::SAdd(Double Scalar) requires RealCell<T> {
+void BasicMatrix<T>::SAdd(Double Scalar)
+  requires RealCell<T>
+{
   for_columns([Scalar](std::span<T> column) { kernels::shift(column, Scalar); });
   Changed();
 }

@@ -24,7 +24,9 @@ auto BasicMatrix<T>::copy_of_range(Bounds cols, Bounds rows) const -> TArray {
 
 template <Cell T>
 Boolean BasicMatrix<T>::Quartiles(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Q1,
-                                  Double& Q2, Double& Q3) const requires RealCell<T> {
+                                  Double& Q2, Double& Q3) const
+  requires RealCell<T>
+{
   Q1 = Q2 = Q3 = 0.0;
   TArray work = copy_of_range(columns(LowCol, HighCol), rows(LowRow, HighRow));
   const std::array<Double, 3> q = zor::detail::quartiles(std::span<T>(work));
@@ -35,8 +37,9 @@ Boolean BasicMatrix<T>::Quartiles(Integer LowCol, Integer LowRow, Integer HighCo
 }
 
 template <Cell T>
-Double BasicMatrix<T>::Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol,
-                                  Integer HighRow) const requires RealCell<T> {
+Double BasicMatrix<T>::Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const
+  requires RealCell<T>
+{
   if (std::isnan(prob)) return prob;
   TArray work = copy_of_range(columns(LowCol, HighCol), rows(LowRow, HighRow));
   return zor::detail::nearest_percentile(std::span<T>(work), prob);
@@ -44,7 +47,9 @@ Double BasicMatrix<T>::Percentile(Double prob, Integer LowCol, Integer LowRow, I
 
 template <Cell T>
 Double BasicMatrix<T>::Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
-                                  Integer SampleSize) const requires RealCell<T> {
+                                  Integer SampleSize) const
+  requires RealCell<T>
+{
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   const std::size_t n = cols.size() * within.size();
   if (std::isnan(prob) || SampleSize < 1 || static_cast<std::size_t>(SampleSize) >= n)
@@ -70,7 +75,9 @@ Double BasicMatrix<T>::Percentile(Double prob, Integer LowCol, Integer LowRow, I
 
 template <Cell T>
 Integer BasicMatrix<T>::CountValues(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double RangeLow,
-                                    Double RangeHigh) const requires RealCell<T> {
+                                    Double RangeHigh) const
+  requires RealCell<T>
+{
   std::size_t count = 0;
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow), [&](std::span<const T> column) {
     for (const T x : column) count += static_cast<std::size_t>((RangeLow <= x) & (x <= RangeHigh));
@@ -81,7 +88,9 @@ Integer BasicMatrix<T>::CountValues(Integer LowCol, Integer HighCol, Integer Low
 template <Cell T>
 Boolean BasicMatrix<T>::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
                                   Double BinWidth, TIntArray& Histo, Integer& Underflow, Integer& Overflow,
-                                  Integer& MaxCnt) const requires RealCell<T> {
+                                  Integer& MaxCnt) const
+  requires RealCell<T>
+{
   zor::detail::BinCounter<Double> bins(FirstBin, LastBin, BinWidth, ZOR_vector::kMaxBins);
   if (!bins.valid()) return false;
   bins.start(Histo);
@@ -97,7 +106,9 @@ Boolean BasicMatrix<T>::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer
 template <Cell T>
 Boolean BasicMatrix<T>::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
                                   Double BinWidth, TIntVector* Histo, Integer& Underflow, Integer& Overflow,
-                                  Integer& MaxCnt) const requires RealCell<T> {
+                                  Integer& MaxCnt) const
+  requires RealCell<T>
+{
   TIntArray counts;
   if (!Histo || !Histogram(LoX, LoY, HiX, HiY, FirstBin, LastBin, BinWidth, counts, Underflow, Overflow, MaxCnt)) {
     return false;
@@ -109,7 +120,9 @@ Boolean BasicMatrix<T>::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer
 }
 
 template <Cell T>
-Integer BasicMatrix<T>::Dichotomize(Double Threshold, TBool2DArray& ResultArray) const requires RealCell<T> {
+Integer BasicMatrix<T>::Dichotomize(Double Threshold, TBool2DArray& ResultArray) const
+  requires RealCell<T>
+{
   TBool2DArray above;
   SetLength(above, FNCol, FNRow);
   std::size_t count = 0;

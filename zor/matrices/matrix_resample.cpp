@@ -21,7 +21,9 @@ Integer share(Integer n, Double percent) {
 }  // namespace
 
 template <Cell T>
-Integer BasicMatrix<T>::Diff(Integer Order, TApplyColRow Mode) requires RealCell<T> {
+Integer BasicMatrix<T>::Diff(Integer Order, TApplyColRow Mode)
+  requires RealCell<T>
+{
   if (Order < 1 || Order > 10) return kBadOrder;
   const Boolean down = Mode == acrColumns;
   if ((down ? FNRow : FNCol) <= Order) return kTooFewCells;
@@ -51,7 +53,9 @@ Integer BasicMatrix<T>::Diff(Integer Order, TApplyColRow Mode) requires RealCell
 
 template <Cell T>
 Integer BasicMatrix<T>::ResampleExtMat(const BasicMatrix* SrcMat, Double colpct, Double rowpct, Boolean BootStrap,
-                                       TIntArray& RndColIx, TIntArray& RndRowIx) requires RealCell<T> {
+                                       TIntArray& RndColIx, TIntArray& RndRowIx)
+  requires RealCell<T>
+{
   if (!SrcMat) return kNoSourceMatrix;
   const T2DArray source = SrcMat->Mat;  // the same cells: this matrix gets new ones
   const Integer source_cols = Length(source), source_rows = Length(source[0]);

@@ -108,32 +108,44 @@ void BasicMatrix<T>::scale_rows(TVector* centers, TVector* scales, Rule&& rule) 
 }
 
 template <Cell T>
-void BasicMatrix<T>::MeanCenterColumns(TVector* Means) requires RealCell<T> {
+void BasicMatrix<T>::MeanCenterColumns(TVector* Means)
+  requires RealCell<T>
+{
   scale_columns(Means, nullptr, centering);
 }
 
 template <Cell T>
-void BasicMatrix<T>::MeanCenterRows(TVector* Means) requires RealCell<T> {
+void BasicMatrix<T>::MeanCenterRows(TVector* Means)
+  requires RealCell<T>
+{
   scale_rows(Means, nullptr, centering);
 }
 
 template <Cell T>
-void BasicMatrix<T>::StandardizeColumns(TVector* Means, TVector* StdDevs) requires RealCell<T> {
+void BasicMatrix<T>::StandardizeColumns(TVector* Means, TVector* StdDevs)
+  requires RealCell<T>
+{
   scale_columns(Means, StdDevs, standardizing);
 }
 
 template <Cell T>
-void BasicMatrix<T>::StandardizeRows(TVector* Means, TVector* StdDevs) requires RealCell<T> {
+void BasicMatrix<T>::StandardizeRows(TVector* Means, TVector* StdDevs)
+  requires RealCell<T>
+{
   scale_rows(Means, StdDevs, standardizing);
 }
 
 template <Cell T>
-void BasicMatrix<T>::QNormalizeColumns(Double RefQuant, TVector* Medians, TVector* QuantDiffs) requires RealCell<T> {
+void BasicMatrix<T>::QNormalizeColumns(Double RefQuant, TVector* Medians, TVector* QuantDiffs)
+  requires RealCell<T>
+{
   scale_columns(Medians, QuantDiffs, QuantileNormalizing(RefQuant, FNRow));
 }
 
 template <Cell T>
-void BasicMatrix<T>::QNormalizeRows(Double RefQuant, TVector* Medians, TVector* QuantDiffs) requires RealCell<T> {
+void BasicMatrix<T>::QNormalizeRows(Double RefQuant, TVector* Medians, TVector* QuantDiffs)
+  requires RealCell<T>
+{
   scale_rows(Medians, QuantDiffs, QuantileNormalizing(RefQuant, FNCol));
 }
 

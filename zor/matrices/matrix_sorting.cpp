@@ -44,7 +44,9 @@ void BasicMatrix<T>::sort_lines(Bounds lines, Boolean ascending, Key key, Exchan
 
 template <Cell T>
 void BasicMatrix<T>::SortRows(Integer SortColIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol,
-                              Integer HighRow) requires RealCell<T> {
+                              Integer HighRow)
+  requires RealCell<T>
+{
   const Bounds cols = columns(LowCol, HighCol), lines = rows(LowRow, HighRow);
   if (SortColIx < 1 || SortColIx > FNCol || lines.lo == lines.hi) return;
   const Boolean outside = SortColIx < cols.lo || SortColIx > cols.hi;
@@ -71,7 +73,9 @@ void BasicMatrix<T>::SortRows(Integer SortColIx, Boolean Ascending, Integer LowC
 
 template <Cell T>
 void BasicMatrix<T>::SortCols(Integer SortRowIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol,
-                              Integer HighRow) requires RealCell<T> {
+                              Integer HighRow)
+  requires RealCell<T>
+{
   const Bounds lines = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   if (SortRowIx < 1 || SortRowIx > FNRow || lines.lo == lines.hi) return;
   const Boolean outside = SortRowIx < within.lo || SortRowIx > within.hi;

@@ -145,7 +145,9 @@ bool square_on_workers(GramWork& work, Integer count) {
 }  // namespace
 
 template <Cell T>
-Boolean BasicMatrix<T>::Square(BasicMatrix* MatRes, Double Norm, Integer NThreads) const requires RealCell<T> {
+Boolean BasicMatrix<T>::Square(BasicMatrix* MatRes, Double Norm, Integer NThreads) const
+  requires RealCell<T>
+{
   if (!MatRes || MatRes == this || Norm == 0.0 || !std::isfinite(Norm)) return false;
   const T2DArray held = Mat;  // the cells stay while handlers run
   const TDynArray<const T*> columns = column_pointers();
@@ -162,7 +164,9 @@ Boolean BasicMatrix<T>::Square(BasicMatrix* MatRes, Double Norm, Integer NThread
 }
 
 template <Cell T>
-Boolean BasicMatrix<T>::Square(BasicMatrix* MatRes, Double Norm) const requires RealCell<T> {
+Boolean BasicMatrix<T>::Square(BasicMatrix* MatRes, Double Norm) const
+  requires RealCell<T>
+{
   return Square(MatRes, Norm, (std::max)(CPUCount() - 1, 1));
 }
 

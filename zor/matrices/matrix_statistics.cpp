@@ -15,7 +15,9 @@ namespace ZOR_matrix {
 namespace kernels = zor::kernels;
 
 template <Cell T>
-Double BasicMatrix<T>::Sum(Integer LoC, Integer LoR, Integer HiC, Integer HiR) const requires RealCell<T> {
+Double BasicMatrix<T>::Sum(Integer LoC, Integer LoR, Integer HiC, Integer HiR) const
+  requires RealCell<T>
+{
   Double sum = 0.0;
   for_columns(columns(LoC, HiC), rows(LoR, HiR),
               [&](std::span<const T> column) { sum = kernels::sum_in_order(column, sum); });
@@ -24,7 +26,9 @@ Double BasicMatrix<T>::Sum(Integer LoC, Integer LoR, Integer HiC, Integer HiR) c
 
 template <Cell T>
 void BasicMatrix<T>::MeanVar(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean,
-                             Double& Variance) const requires RealCell<T> {
+                             Double& Variance) const
+  requires RealCell<T>
+{
   kernels::MomentSums sums;
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
               [&](std::span<const T> column) { kernels::accumulate(sums, column); });
@@ -35,7 +39,9 @@ void BasicMatrix<T>::MeanVar(Integer LowCol, Integer LowRow, Integer HighCol, In
 
 template <Cell T>
 void BasicMatrix<T>::MinMax(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Minimum,
-                            Double& Maximum) const requires RealCell<T> {
+                            Double& Maximum) const
+  requires RealCell<T>
+{
   kernels::Extremes<Double> extremes{ZOR_univconst::uc_MaxReal, -ZOR_univconst::uc_MaxReal};
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
               [&](std::span<const T> column) { kernels::min_max(column, extremes); });
@@ -44,8 +50,9 @@ void BasicMatrix<T>::MinMax(Integer LowCol, Integer LowRow, Integer HighCol, Int
 }
 
 template <Cell T>
-Double BasicMatrix<T>::GeometricMean(Integer LowCol, Integer LowRow, Integer HighCol,
-                                     Integer HighRow) const requires RealCell<T> {
+Double BasicMatrix<T>::GeometricMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const
+  requires RealCell<T>
+{
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   Boolean zero = false;
   Double logarithms = 0.0;
@@ -64,8 +71,9 @@ Double BasicMatrix<T>::GeometricMean(Integer LowCol, Integer LowRow, Integer Hig
 }
 
 template <Cell T>
-Double BasicMatrix<T>::HarmonicMean(Integer LowCol, Integer LowRow, Integer HighCol,
-                                    Integer HighRow) const requires RealCell<T> {
+Double BasicMatrix<T>::HarmonicMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const
+  requires RealCell<T>
+{
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   Double reciprocals = 0.0;
   for_columns(cols, within, [&](std::span<const T> column) {
@@ -79,7 +87,9 @@ Double BasicMatrix<T>::HarmonicMean(Integer LowCol, Integer LowRow, Integer High
 
 template <Cell T>
 void BasicMatrix<T>::SkewKurt(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Skewness,
-                              Double& Kurtosis) const requires RealCell<T> {
+                              Double& Kurtosis) const
+  requires RealCell<T>
+{
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   const Double n = static_cast<Double>(cols.size()) * static_cast<Double>(within.size());
   Skewness = Kurtosis = 0.0;
@@ -94,7 +104,9 @@ void BasicMatrix<T>::SkewKurt(Integer LowCol, Integer LowRow, Integer HighCol, I
 
 template <Cell T>
 void BasicMatrix<T>::SkewKurtSample(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Skewness,
-                                    Double& Kurtosis) const requires RealCell<T> {
+                                    Double& Kurtosis) const
+  requires RealCell<T>
+{
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   const Double n = static_cast<Double>(cols.size()) * static_cast<Double>(within.size());
   SkewKurt(cols.lo, within.lo, cols.hi, within.hi, Skewness, Kurtosis);
@@ -105,7 +117,9 @@ void BasicMatrix<T>::SkewKurtSample(Integer LowCol, Integer LowRow, Integer High
 }
 
 template <Cell T>
-void BasicMatrix<T>::MeanVec(TDims Dim, TVector* Means) const requires RealCell<T> {
+void BasicMatrix<T>::MeanVec(TDims Dim, TVector* Means) const
+  requires RealCell<T>
+{
   if (!Means) return;
   TDoubleArray means;
   SetLength(means, Dim == dimCols ? FNCol : FNRow);
@@ -140,7 +154,9 @@ void BasicMatrix<T>::MeanVec(TDims Dim, TVector* Means) const requires RealCell<
 }
 
 template <Cell T>
-Double BasicMatrix<T>::Correlate(const BasicMatrix* OtherMat) const requires RealCell<T> {
+Double BasicMatrix<T>::Correlate(const BasicMatrix* OtherMat) const
+  requires RealCell<T>
+{
   if (!OtherMat || OtherMat->FNCol != FNCol || OtherMat->FNRow != FNRow) {
     zor::detail::Fail<EZORMatrixError>(*this, "matrices do not match");
   }

@@ -60,7 +60,7 @@ inline constexpr std::size_t innermost_size<ZOR_runtime::TDynArray<T>> = innermo
 
 /// Cells for which all bits zero is the zero value and no destructor runs.
 template <class T>
-inline constexpr bool is_plain_cell = std::is_trivially_copyable_v<T>&& std::is_trivially_destructible_v<T>;
+inline constexpr bool is_plain_cell = std::is_trivially_copyable_v<T> && std::is_trivially_destructible_v<T>;
 
 /// Distance in cells between the starts of neighbouring runs of `length` cells in one block. Runs of at least a cache
 /// line start at one; distances that are a multiple of a page are one line longer, since such runs would all compete
@@ -98,7 +98,8 @@ class TDynArray {
   TDynArray(std::initializer_list<T> cells) : TDynArray(cells.begin(), cells.end()) {}
   /// Array of its own with copies of the cells from first to last.
   template <class It>
-  requires(!std::is_arithmetic_v<It>) TDynArray(It first, It last) {
+    requires(!std::is_arithmetic_v<It>)
+  TDynArray(It first, It last) {
     TDynArray made = with_length(static_cast<std::size_t>(last - first));
     std::copy(first, last, made.data_);
     swap(made);
@@ -150,7 +151,9 @@ class TDynArray {
   bool SharesWith(const TDynArray& other) const noexcept { return data_ == other.data_ && size_ == other.size_; }
 
   /// Equal lengths and equal cells.
-  friend bool operator==(const TDynArray& a, const TDynArray& b) requires std::equality_comparable<T> {
+  friend bool operator==(const TDynArray& a, const TDynArray& b)
+    requires std::equality_comparable<T>
+  {
     return std::equal(a.begin(), a.end(), b.begin(), b.end());
   }
   friend bool operator==(const TDynArray& a, std::nullptr_t) noexcept { return a.empty(); }

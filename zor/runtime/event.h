@@ -24,8 +24,8 @@ class TEvent {
   TEvent() noexcept = default;
   TEvent(std::nullptr_t) noexcept {}
   template <class F>
-  requires(!std::same_as<std::remove_cvref_t<F>, TEvent> && std::is_invocable_v<std::decay_t<F>&, Args...>)
-      TEvent(F&& handler) {
+    requires(!std::same_as<std::remove_cvref_t<F>, TEvent> && std::is_invocable_v<std::decay_t<F>&, Args...>)
+  TEvent(F&& handler) {
     std::function<void(Args...)> held(std::forward<F>(handler));  // empty if given a null pointer
     if (held) handler_ = std::make_shared<const std::function<void(Args...)>>(std::move(held));
   }

@@ -54,17 +54,23 @@ ZOR_API Double Frac(Double x) noexcept;
 
 /// -1, 0 or 1; 0 for NaN.
 template <class T>
-requires std::is_arithmetic_v<T>
-constexpr Integer Sign(T x) noexcept { return x > T{} ? 1 : x < T{} ? -1 : 0; }
+  requires std::is_arithmetic_v<T>
+constexpr Integer Sign(T x) noexcept {
+  return x > T{} ? 1 : x < T{} ? -1 : 0;
+}
 
 /// The larger of two numbers of one type; b unless a is larger.
 template <class T>
-requires std::is_arithmetic_v<T>
-constexpr T Max(T a, T b) noexcept { return a > b ? a : b; }
+  requires std::is_arithmetic_v<T>
+constexpr T Max(T a, T b) noexcept {
+  return a > b ? a : b;
+}
 /// The smaller of two numbers of one type; b unless a is smaller.
 template <class T>
-requires std::is_arithmetic_v<T>
-constexpr T Min(T a, T b) noexcept { return a < b ? a : b; }
+  requires std::is_arithmetic_v<T>
+constexpr T Min(T a, T b) noexcept {
+  return a < b ? a : b;
+}
 
 /// x rounded to a multiple of 10^Digit, halves away from zero: Digit -2 leaves two decimals, Digit 3 thousands.
 /// Int(x * 10^d + 0.5 with the sign of x) / 10^d with d = -Digit. Numbers that have no more digits to lose

@@ -38,9 +38,7 @@ ZOR_API void print_table(std::ostream& out, std::size_t rows, std::size_t column
 ZOR_API void print_line(std::ostream& out, std::size_t count, const std::function<std::string(std::size_t)>& cell);
 
 template <class T>
-concept Printable = requires(const T& x) {
-  cell_text(x);
-};
+concept Printable = requires(const T& x) { cell_text(x); };
 
 }  // namespace zor::detail
 

@@ -13,9 +13,10 @@ using namespace ZOR_zorbase;
 
 /// Types that ExChange takes.
 template <class T>
-concept Exchangeable = std::same_as<T, Boolean> || std::same_as<T, Byte> || std::same_as<T, ShortInt> ||
-    std::same_as<T, Word> || std::same_as<T, Char> || std::same_as<T, Integer> || std::same_as<T, Cardinal> ||
-    std::same_as<T, Int64> || std::same_as<T, Single> || std::same_as<T, Double> || std::same_as<T, TString>;
+concept Exchangeable =
+    std::same_as<T, Boolean> || std::same_as<T, Byte> || std::same_as<T, ShortInt> || std::same_as<T, Word> ||
+    std::same_as<T, Char> || std::same_as<T, Integer> || std::same_as<T, Cardinal> || std::same_as<T, Int64> ||
+    std::same_as<T, Single> || std::same_as<T, Double> || std::same_as<T, TString>;
 
 /// Swaps two values.
 template <Exchangeable T>

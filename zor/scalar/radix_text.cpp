@@ -56,7 +56,8 @@ TString Octal(Integer Value, Integer Digits) { return word_text(Value, Digits, 1
 TString Bin(Integer Value, Integer Digits) { return word_text(Value, Digits, 32, 1); }
 
 template <class Float>
-requires std::same_as<Float, Double> || std::same_as<Float, Single> TString FPNumToHex(Float x) {
+  requires std::same_as<Float, Double> || std::same_as<Float, Single>
+TString FPNumToHex(Float x) {
   using Word = std::conditional_t<sizeof(Float) == 8, std::uint64_t, std::uint32_t>;
   return low_digits(std::bit_cast<Word>(x), static_cast<int>(2 * sizeof(Float)), 4);
 }

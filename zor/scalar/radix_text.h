@@ -27,7 +27,8 @@ ZOR_API TString Bin(Integer Value, Integer Digits);
 
 /// The bytes of x from the most significant on, two upper case hexadecimal digits each: 16 for Double, 8 for Single.
 template <class Float>
-requires std::same_as<Float, Double> || std::same_as<Float, Single> ZOR_API TString FPNumToHex(Float x);
+  requires std::same_as<Float, Double> || std::same_as<Float, Single>
+ZOR_API TString FPNumToHex(Float x);
 
 /// The float of which S gives the bytes, two hexadecimal digits each in either case of letters; the most significant
 /// byte comes first, unless HighByteFirst is false. Every pattern of bits is kept, signaling NaNs too.

@@ -131,7 +131,9 @@ Double BasicVector<T>::CalcVecLeng() const {
 }
 
 template <Cell T>
-void BasicVector<T>::SetVecLeng(Double NewLeng) requires RealCell<T> {
+void BasicVector<T>::SetVecLeng(Double NewLeng)
+  requires RealCell<T>
+{
   const Double length = CalcVecLeng();
   // Dividing by an infinite length would silently make all cells zero.
   if (!(length > 0.0) || !std::isfinite(length)) return;

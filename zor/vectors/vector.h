@@ -64,8 +64,16 @@ class ZOR_API BasicVector : public TComponent {
   void SetNrOfElem(Integer n) {
     if (n >= 1 && n != NrOfElem()) Resize(n);
   }
-  void SetVecSize(Integer n) requires RealCell<T> { SetNrOfElem(n); }
-  void SetIntVecSize(Integer n) requires(!RealCell<T>) { SetNrOfElem(n); }
+  void SetVecSize(Integer n)
+    requires RealCell<T>
+  {
+    SetNrOfElem(n);
+  }
+  void SetIntVecSize(Integer n)
+    requires(!RealCell<T>)
+  {
+    SetNrOfElem(n);
+  }
   /// Sets the number of elements; those that stay keep their values, new ones are 0. False for NE below 1. One
   /// OnChange, then OnResize if the size differs. Throws EZORVectorError "not enough memory" also when a handler
   /// throws; the cause is nested in it.
@@ -114,16 +122,19 @@ class ZOR_API BasicVector : public TComponent {
   /// @{
   void Fill(T value);
   template <std::floating_point F>
-  requires(!RealCell<T>) void Fill(F) = delete;  // no silent narrowing
+    requires(!RealCell<T>)
+  void Fill(F) = delete;  // no silent narrowing
   /// Element 1 is Offset, each next one the one before plus Diff, by repeated addition (integers wrap).
   void FillSerial(T Offset, T Diff);
   /// All elements 0 and IsEmpty true.
   void Clear();
   /// RangeLow + (RangeHigh - RangeLow) * u with u uniform in [0, 1), from the runtime's generator, which is not
   /// reseeded.
-  void FillRandomUniform(Double RangeLow, Double RangeHigh) requires RealCell<T>;
+  void FillRandomUniform(Double RangeLow, Double RangeHigh)
+    requires RealCell<T>;
   /// Mean + StdDev * g, g being standard normal deviates (GRandom).
-  void FillRandomGauss(Double Mean, Double StdDev) requires RealCell<T>;
+  void FillRandomGauss(Double Mean, Double StdDev)
+    requires RealCell<T>;
   /// @}
 
   /// \name Copies
@@ -178,7 +189,8 @@ class ZOR_API BasicVector : public TComponent {
   void Subtract(const BasicVector* OtherVec);
   void SMult(T scalar);
   template <std::floating_point F>
-  requires(!RealCell<T>) void SMult(F) = delete;  // no silent narrowing
+    requires(!RealCell<T>)
+  void SMult(F) = delete;  // no silent narrowing
   /// The absolute values; the lowest Integer stays.
   void AbsVal();
   /// Sum of products in element order. 0 for a null operand.
@@ -188,8 +200,13 @@ class ZOR_API BasicVector : public TComponent {
   Double CalcVecLeng() const;
   Double Leng() const { return CalcVecLeng(); }
   /// Scales the vector to a length. A vector of length 0 stays, also one whose length is not finite; no event then.
-  void SetVecLeng(Double NewLeng) requires RealCell<T>;
-  void SetLeng(Double NewLeng) requires RealCell<T> { SetVecLeng(NewLeng); }
+  void SetVecLeng(Double NewLeng)
+    requires RealCell<T>;
+  void SetLeng(Double NewLeng)
+    requires RealCell<T>
+  {
+    SetVecLeng(NewLeng);
+  }
   /// @}
 
   /// \name Statistics of a repaired range; no event
@@ -247,11 +264,14 @@ class ZOR_API BasicVector : public TComponent {
   /// \name Scaling of the whole vector; no event
   /// @{
   /// Subtracts the mean and returns it.
-  Double MeanCenter() requires RealCell<T>;
+  Double MeanCenter()
+    requires RealCell<T>;
   /// (x - mean) / stddev, if stddev > 0.
-  void Standardize(Double& mean, Double& stddev) requires RealCell<T>;
+  void Standardize(Double& mean, Double& stddev)
+    requires RealCell<T>;
   /// (x - Median) / QuantDiff with QuantDiff = |Median - Percentile(RefQuant)|, if that is above 0.
-  void QNormalize(Double RefQuant, Double& Median, Double& QuantDiff) requires RealCell<T>;
+  void QNormalize(Double RefQuant, Double& Median, Double& QuantDiff)
+    requires RealCell<T>;
   /// @}
 
   /// \name Search and order
@@ -274,15 +294,18 @@ class ZOR_API BasicVector : public TComponent {
 
   /// Integral of the curve through the points (i, element i) from BoundLow to BoundHigh, which are moved into 1 to
   /// NrOfElem and exchanged if reversed. NaN bounds give NaN, an unknown Method 0.0.
-  Double Integrate(Double BoundLow, Double BoundHigh, TIntegMethod Method) const requires RealCell<T>;
+  Double Integrate(Double BoundLow, Double BoundHigh, TIntegMethod Method) const
+    requires RealCell<T>;
 
   /// \name Files and streams
   /// @{
   /// Writes the whole vector as an ASC text file of one column: comment line (empty: a default text with the file
   /// name), counts, flags, one value a line with Precision decimals (0 to 25). 0, or kCannotCreateFile; EInOutError if
   /// writing fails later.
-  Integer ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const requires RealCell<T>;
-  Integer ExportAsASC(const TString& FName, const TString& Comment) const requires(!RealCell<T>);
+  Integer ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const
+    requires RealCell<T>;
+  Integer ExportAsASC(const TString& FName, const TString& Comment) const
+    requires(!RealCell<T>);
   /// Reads an ASC text file of one column, names and row attributes being dropped; "NAN" and "###" give 0 (integers are
   /// rounded, ties to even). 0, kBadRowAttribute, kBadValue (the vector ends with the element that failed),
   /// kMoreThanOneColumn, kNoSuchFile, kNoCells, or a code of ReadHeaderOfASC.
@@ -290,17 +313,19 @@ class ZOR_API BasicVector : public TComponent {
   /// Writes a range as plain text: first and last element number, then one value a line, with Precision decimals (at
   /// most 20), or in scientific notation in 26 (-2) or 13 (-1) characters. True as soon as the file could be created,
   /// also if writing fails later.
-  Boolean StoreOnFile(Integer FirstElem, Integer LastElem, Integer Precision,
-                      const TString& FileName) const requires RealCell<T>;
+  Boolean StoreOnFile(Integer FirstElem, Integer LastElem, Integer Precision, const TString& FileName) const
+    requires RealCell<T>;
   /// The same without decimals. (0, 0) writes no value.
-  Boolean StoreOnFile(Integer FirstElem, Integer LastElem, const TString& FileName) const requires(!RealCell<T>);
+  Boolean StoreOnFile(Integer FirstElem, Integer LastElem, const TString& FileName) const
+    requires(!RealCell<T>);
   /// Reads the plain form into the elements that it names; with AdjustVectorSize the vector is first sized to the last
   /// of them. False, without values, if that lies beyond the size. Words that are no numbers leave their element.
   /// Raises nothing.
   Boolean LoadFromFile(const TString& FileName, Boolean AdjustVectorSize);
   /// With AutoDetect: element i is the number at the start of the i-th line that carries the mark "//dig"; a file
   /// without any mark is read as the plain form.
-  Boolean LoadFromFile(const TString& FileName, Boolean AdjustVectorSize, Boolean AutoDetect) requires RealCell<T>;
+  Boolean LoadFromFile(const TString& FileName, Boolean AdjustVectorSize, Boolean AutoDetect)
+    requires RealCell<T>;
   /// Writes first and last element number of a repaired range and its values: 8-byte floats, for TIntVector 4-byte
   /// integers, little endian.
   void SaveToStream(TStream& OutStream, Integer LowElem, Integer HighElem) const;

@@ -36,8 +36,9 @@ Integer export_asc(const TString& name, const TString& comment, Integer rows, Wr
 }  // namespace
 
 template <Cell T>
-Integer BasicVector<T>::ExportAsASC(const TString& FName, Integer Precision,
-                                    const TString& Comment) const requires RealCell<T> {
+Integer BasicVector<T>::ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const
+  requires RealCell<T>
+{
   const TString comment = Comment.empty() ? "Exported by ZOR TVector component: " + FName : Comment;
   const Integer decimals = std::clamp(Precision, 0, 25);
   return export_asc(FName, comment, NrOfElem(),
@@ -45,7 +46,9 @@ Integer BasicVector<T>::ExportAsASC(const TString& FName, Integer Precision,
 }
 
 template <Cell T>
-Integer BasicVector<T>::ExportAsASC(const TString& FName, const TString& Comment) const requires(!RealCell<T>) {
+Integer BasicVector<T>::ExportAsASC(const TString& FName, const TString& Comment) const
+  requires(!RealCell<T>)
+{
   const TString comment = Comment.empty() ? "Exported by ZOR TIntVector component: " + FName : Comment;
   return export_asc(FName, comment, NrOfElem(), [&](TTextFile& file, Integer i) { file.WriteInteger(FVec[i - 1]); });
 }

@@ -17,7 +17,9 @@ using ZOR_runtime::TTextFile;
 
 template <Cell T>
 Boolean BasicVector<T>::StoreOnFile(Integer FirstElem, Integer LastElem, Integer Precision,
-                                    const TString& FileName) const requires RealCell<T> {
+                                    const TString& FileName) const
+  requires RealCell<T>
+{
   const Integer decimals = Precision < -2 ? 2 : std::min(Precision, 20);
   const Integer width = decimals == -2 ? 26 : decimals == -1 ? 13 : 1;
   MakeValidElemRange(FirstElem, LastElem);
@@ -35,7 +37,8 @@ Boolean BasicVector<T>::StoreOnFile(Integer FirstElem, Integer LastElem, Integer
 
 template <Cell T>
 Boolean BasicVector<T>::StoreOnFile(Integer FirstElem, Integer LastElem, const TString& FileName) const
-    requires(!RealCell<T>) {
+  requires(!RealCell<T>)
+{
   if (LastElem < FirstElem) std::swap(FirstElem, LastElem);
   FirstElem = std::max(FirstElem, 1);
   LastElem = std::min(LastElem, NrOfElem());
@@ -80,8 +83,9 @@ Boolean BasicVector<T>::LoadFromFile(const TString& FileName, Boolean AdjustVect
 }
 
 template <Cell T>
-Boolean BasicVector<T>::LoadFromFile(const TString& FileName, Boolean AdjustVectorSize,
-                                     Boolean AutoDetect) requires RealCell<T> {
+Boolean BasicVector<T>::LoadFromFile(const TString& FileName, Boolean AdjustVectorSize, Boolean AutoDetect)
+  requires RealCell<T>
+{
   if (!AutoDetect) return LoadFromFile(FileName, AdjustVectorSize);
   constexpr std::string_view kMark = "//dig";
   const auto marked = [&](std::string_view line) { return line.find(kMark) != line.npos; };

@@ -40,7 +40,9 @@ Double trapezoids(std::span<const Double> y) {
 }  // namespace
 
 template <Cell T>
-Double BasicVector<T>::Integrate(Double BoundLow, Double BoundHigh, TIntegMethod Method) const requires RealCell<T> {
+Double BasicVector<T>::Integrate(Double BoundLow, Double BoundHigh, TIntegMethod Method) const
+  requires RealCell<T>
+{
   if (std::isnan(BoundLow) || std::isnan(BoundHigh)) return std::numeric_limits<Double>::quiet_NaN();
   if (Method > imSimpson) return 0.0;
   const Double n = NrOfElem();

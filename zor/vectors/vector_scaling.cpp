@@ -10,7 +10,9 @@ namespace ZOR_vector {
 namespace kernels = zor::kernels;
 
 template <Cell T>
-Double BasicVector<T>::MeanCenter() requires RealCell<T> {
+Double BasicVector<T>::MeanCenter()
+  requires RealCell<T>
+{
   Double mean = 0.0, variance = 0.0;
   MeanVar(1, NrOfElem(), mean, variance);
   kernels::shift(cells(), -mean);
@@ -18,7 +20,9 @@ Double BasicVector<T>::MeanCenter() requires RealCell<T> {
 }
 
 template <Cell T>
-void BasicVector<T>::Standardize(Double& mean, Double& stddev) requires RealCell<T> {
+void BasicVector<T>::Standardize(Double& mean, Double& stddev)
+  requires RealCell<T>
+{
   Double variance = 0.0;
   MeanVar(1, NrOfElem(), mean, variance);
   stddev = std::sqrt(variance);
@@ -26,7 +30,9 @@ void BasicVector<T>::Standardize(Double& mean, Double& stddev) requires RealCell
 }
 
 template <Cell T>
-void BasicVector<T>::QNormalize(Double RefQuant, Double& Median, Double& QuantDiff) requires RealCell<T> {
+void BasicVector<T>::QNormalize(Double RefQuant, Double& Median, Double& QuantDiff)
+  requires RealCell<T>
+{
   const Double reference = Percentile(RefQuant, 0, 0);
   Median = Percentile(50.0, 0, 0);
   QuantDiff = std::abs(Median - reference);
@@ -34,14 +40,18 @@ void BasicVector<T>::QNormalize(Double RefQuant, Double& Median, Double& QuantDi
 }
 
 template <Cell T>
-void BasicVector<T>::FillRandomUniform(Double RangeLow, Double RangeHigh) requires RealCell<T> {
+void BasicVector<T>::FillRandomUniform(Double RangeLow, Double RangeHigh)
+  requires RealCell<T>
+{
   zor::detail::fill_random(cells(), RangeLow, RangeHigh - RangeLow);
   FIsEmpty = false;
   Changed();
 }
 
 template <Cell T>
-void BasicVector<T>::FillRandomGauss(Double Mean, Double StdDev) requires RealCell<T> {
+void BasicVector<T>::FillRandomGauss(Double Mean, Double StdDev)
+  requires RealCell<T>
+{
   zor::detail::fill_gauss(cells(), Mean, StdDev);
   FIsEmpty = false;
   Changed();
