@@ -3,6 +3,7 @@
 /// \file  The whole library: the chief headers of all units. An application that uses one or two units compiles faster
 /// with theirs alone.
 
+#include "zor/analysis/ZOR_math2.h"
 #include "zor/arrays/ZOR_openarrays.h"
 #include "zor/base/ZOR_dstruct.h"
 #include "zor/base/ZOR_filesys.h"

@@ -30,6 +30,15 @@ constexpr std::size_t next_comb_gap(std::size_t gap) noexcept {
   return next < 1 ? 1 : next;
 }
 
+/// Passes of a sort that finds n cells in order, starting from gap n: the fewest that it can take.
+constexpr std::size_t fewest_comb_passes(std::size_t n) noexcept {
+  std::size_t passes = 0;
+  if (n > 1) {
+    for (std::size_t gap = n; gap > 1 || passes == 0; ++passes) gap = next_comb_gap(gap);
+  }
+  return passes;
+}
+
 /// Sorts the cells; returns the number of passes that the plain loop makes.
 /// Several passes run at once through the cache; use comb_pass where something has to happen between passes.
 ZOR_API std::size_t comb_sort(std::span<double> cells, std::size_t start_gap, bool ascending) noexcept;

@@ -34,11 +34,7 @@ void ranked_values(std::span<T> work, std::span<const std::size_t> ranks, std::s
   }
   if (!selectable) return by_sorting();
   kernels::select_many(work, ranks, values);
-  std::size_t passes = 0;
-  if (work.size() > 1) {
-    for (std::size_t gap = work.size(); gap > 1 || passes == 0; ++passes) gap = kernels::next_comb_gap(gap);
-  }
-  ZOR_zorbase::ProcStat += static_cast<double>(passes);
+  ZOR_zorbase::ProcStat += static_cast<double>(kernels::fewest_comb_passes(work.size()));
 }
 
 }  // namespace zor::detail
