@@ -64,11 +64,14 @@ template <bool up, class T>
 
 template <class T, int lanes>
 struct Register {
-  typedef T Type __attribute__((vector_size(lanes * sizeof(T)), aligned(alignof(T)), may_alias));
+  typedef T Type __attribute__((vector_size(lanes * sizeof(T))));
+  // As it lies in memory. Never the type of a variable: Clang takes a reference to it in a template for an aligned one.
+  typedef T Loose __attribute__((vector_size(lanes * sizeof(T)), aligned(alignof(T)), may_alias));
 };
 template <class T>
 struct Register<T, 1> {
   typedef T Type;
+  typedef T Loose;
 };
 
 // A run of cells as the passes see it: values of one cell (lanes = 1) or of a block, and compare and exchange of two.
@@ -83,11 +86,11 @@ struct Keys {
   Keys operator+(Index i) const { return {x + i}; }
   template <int lanes>
   Block<lanes> load() const {
-    return *reinterpret_cast<const Block<lanes>*>(x);
+    return *reinterpret_cast<const typename Register<T, lanes>::Loose*>(x);
   }
   template <int lanes>
   void store(Block<lanes> v) const {
-    *reinterpret_cast<Block<lanes>*>(x) = v;
+    *reinterpret_cast<typename Register<T, lanes>::Loose*>(x) = v;
   }
   template <bool up, int lanes>
   [[gnu::always_inline]] static void order(Block<lanes>& a, Block<lanes>& b) {
@@ -375,11 +378,10 @@ bool pass(T* x, Index n, Index gap) {
   Mask changed = {};
   Index i = gap;
   for (; gap >= lanes && i + lanes <= n; i += lanes) {
-    V* const p = reinterpret_cast<V*>(x + i - gap);
-    V* const q = reinterpret_cast<V*>(x + i);
-    const V a = *p, b = *q, low = lower<up>(a, b);
-    *p = low;
-    *q = upper<up>(a, b);
+    const Keys<T> lower_cells{x + i - gap}, upper_cells{x + i};
+    const V a = lower_cells.template load<lanes>(), b = upper_cells.template load<lanes>(), low = lower<up>(a, b);
+    lower_cells.template store<lanes>(low);
+    upper_cells.template store<lanes>(upper<up>(a, b));
     changed |= (Mask)low ^ (Mask)a;
   }
   bool moved = plain_pass<up>(Keys<T>{x}, gap, i, n);

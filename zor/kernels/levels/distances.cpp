@@ -31,7 +31,7 @@ inline VecD square_root(VecD v) {
 }
 
 inline void full_tile(Features f, std::size_t i, std::size_t j, bool root, double* out, std::size_t stride) {
-  VecD left[kTileRows] = {}, right[kTileRows] = {};
+  alignas(ZOR_VECTOR_BYTES) VecD left[kTileRows] = {}, right[kTileRows] = {};
   for (std::size_t c = 0; c < f.count; ++c) {
     const double *x = f.columns[c] + i, *y = f.columns[c] + j;
     const VecD y0 = load(y), y1 = load(y + kLanesD);

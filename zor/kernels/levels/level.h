@@ -17,7 +17,8 @@
 
 namespace zor::kernels::ZOR_LEVEL {
 
-/// One register of doubles; wider vector types are taken apart by GCC 12 and run slowly. Aligned as a double only.
+/// One register of doubles; wider vector types are taken apart by GCC 12 and run slowly. Aligned as a double only:
+/// an array of them is declared alignas(ZOR_VECTOR_BYTES), since Clang takes its cells for aligned ones in templates.
 typedef double VecD __attribute__((vector_size(ZOR_VECTOR_BYTES), aligned(8), may_alias));
 typedef std::int64_t VecL __attribute__((vector_size(ZOR_VECTOR_BYTES), aligned(8), may_alias));
 /// One register of 32-bit integers.

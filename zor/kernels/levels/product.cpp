@@ -32,7 +32,7 @@ inline VecD subtract(VecD a, VecD b, VecD sum) { return sum - a * b; }
 template <VecD Add(VecD, VecD, VecD)>
 void tile(std::size_t depth, const double* a, const double* b, double* const* columns, std::size_t row,
           bool from_zero) {
-  VecD sum[kTileColumns][kTileRegisters];
+  alignas(ZOR_VECTOR_BYTES) VecD sum[kTileColumns][kTileRegisters];
 #pragma GCC unroll 8
   for (std::size_t j = 0; j < kTileColumns; ++j) {
 #pragma GCC unroll 3
@@ -40,7 +40,7 @@ void tile(std::size_t depth, const double* a, const double* b, double* const* co
       sum[j][i] = from_zero ? VecD{} : load(columns[j] + row + i * kLanesD);
   }
   for (std::size_t k = 0; k < depth; ++k, a += kTileRows, b += kTileColumns) {
-    VecD lines[kTileRegisters];
+    alignas(ZOR_VECTOR_BYTES) VecD lines[kTileRegisters];
 #pragma GCC unroll 3
     for (std::size_t i = 0; i < kTileRegisters; ++i) lines[i] = load(a + i * kLanesD);
 #pragma GCC unroll 8

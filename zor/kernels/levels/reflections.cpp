@@ -17,7 +17,7 @@ inline void store(double* x, VecD v) { *reinterpret_cast<VecD*>(x) = v; }
 
 /// Total of the partial sums after the rest of the terms, fewer than kSums of them, is added.
 struct Sums {
-  VecD part[kSumRegisters] = {};
+  alignas(ZOR_VECTOR_BYTES) VecD part[kSumRegisters] = {};
 
   void add(const double* x, const double* y) {
     for (std::size_t k = 0; k < kSumRegisters; ++k) part[k] += load(x + k * kLanesD) * load(y + k * kLanesD);
@@ -100,7 +100,7 @@ inline void for_row_blocks(std::size_t row, std::size_t rows, Wide wide, Single 
 /// `width` registers of rows.
 template <std::size_t width>
 struct Rows {
-  VecD part[width];
+  alignas(ZOR_VECTOR_BYTES) VecD part[width];
 
   static Rows zero() { return {}; }
   static Rows at(const double* x) {

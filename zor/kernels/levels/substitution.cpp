@@ -66,7 +66,7 @@ void solve_lower_rows(const double* row, std::size_t step, std::size_t n, double
   for (std::size_t r = 1; r < n; ++r) {
     row += step;
     double* const result = x + r * kLanes;
-    VecD cell[kRegisters];
+    alignas(ZOR_VECTOR_BYTES) VecD cell[kRegisters];
 #pragma GCC unroll 12
     for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = load(result + i * kLanesD);
     subtract_terms<Step>(row, x, r, cell);
@@ -81,7 +81,7 @@ void substitute(const double* row, std::size_t first, std::size_t end, double* l
   for (std::size_t t = first; t < end; row += t, ++t) {
     const VecD pivot = *row++ - VecD{};
     double* const result = last - t * kLanes;
-    VecD cell[kRegisters];
+    alignas(ZOR_VECTOR_BYTES) VecD cell[kRegisters];
 #pragma GCC unroll 12
     for (std::size_t i = 0; i < kRegisters; ++i) cell[i] = load(result + i * kLanesD);
     subtract_terms<Step>(row, result + kLanes, t, cell);
