@@ -10,12 +10,14 @@
 namespace zor::detail {
 
 /// (0, 0) becomes 1 to n; otherwise both bounds are moved into 1 to n, then exchanged if reversed. 0, or -1 if a bound
-/// was moved.
+/// was moved. With n = 0 there is nothing to move them into: the range becomes 1 to 0, the result of other bounds is
+/// -1.
 constexpr std::int32_t make_valid_range(std::int32_t& lo, std::int32_t& hi, std::int32_t n) noexcept {
-  if (lo == 0 && hi == 0) {
+  const bool whole = lo == 0 && hi == 0;
+  if (whole || n <= 0) {
     lo = 1;
     hi = n;
-    return 0;
+    return whole ? 0 : -1;
   }
   const std::int32_t low = std::clamp(lo, 1, n), high = std::clamp(hi, 1, n);
   const bool moved = low != lo || high != hi;
