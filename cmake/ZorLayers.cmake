@@ -19,8 +19,21 @@ add_library(zor_warnings INTERFACE)
 target_compile_options(zor_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
                        $<$<BOOL:${ZOR_WARNINGS_AS_ERRORS}>:-Werror>)
 
+# Headers of the standard library that most sources include. A build that uses them precompiled does not notice what a
+# source forgets to include: that is left to the builds without.
+set(ZOR_COMMON_HEADERS <algorithm> <array> <cmath> <cstdint> <cstring> <functional> <initializer_list> <limits> <memory>
+    <numeric> <ostream> <span> <stdexcept> <string> <string_view> <type_traits> <utility> <vector>)
+# A compiler cache knows precompiled headers by their contents: they must not hold the time at which they were made.
+add_library(zor_cacheable INTERFACE)
+target_compile_options(zor_cacheable INTERFACE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>
+                       "$<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>")
+
 function(zor_layer_settings target)
   target_link_libraries(${target} PRIVATE zor_options zor_warnings)
+  if(ZOR_PRECOMPILED_HEADERS)
+    target_link_libraries(${target} PRIVATE zor_cacheable)
+    target_precompile_headers(${target} PRIVATE ${ZOR_COMMON_HEADERS})
+  endif()
   set_target_properties(${target} PROPERTIES
     CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON POSITION_INDEPENDENT_CODE ON)
   if(WIN32 AND BUILD_SHARED_LIBS)
@@ -48,6 +61,7 @@ function(zor_add_layer name)
     foreach(level IN LISTS levels)
       add_library(zor_${name}_${level} OBJECT ${levelled})
       zor_layer_settings(zor_${name}_${level})
+      set_target_properties(zor_${name}_${level} PROPERTIES DISABLE_PRECOMPILE_HEADERS ON)
       target_compile_definitions(zor_${name}_${level} PRIVATE ZOR_LEVEL=${level})
       target_compile_options(zor_${name}_${level} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O3>)
       if(NOT level STREQUAL base)

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/source_dir.h"
+
 namespace zor::test {
 
 /// Sends the seeds of fuzz/seeds/<name>, their beginnings, and copies with one byte changed, through a fuzz target,
@@ -21,7 +23,7 @@ inline void replay_seeds(const std::string& name, int (*target)(const std::uint8
     EXPECT_EQ(target(exact.data(), exact.size()), 0);
   };
   int seeds = 0;
-  for (const auto& entry : std::filesystem::directory_iterator(ZOR_SOURCE_DIR "/fuzz/seeds/" + name)) {
+  for (const auto& entry : std::filesystem::directory_iterator(source_dir() / "fuzz/seeds" / name)) {
     SCOPED_TRACE(entry.path());
     std::ifstream file(entry.path(), std::ios::binary);
     const std::string seed{std::istreambuf_iterator<char>(file), {}};

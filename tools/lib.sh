@@ -1,5 +1,6 @@
 # Shared by ./demo, ./test and tools/gates: where things are, what has to be installed, how builds are made.
-# Everything is written below build/, compiler cache and temporary files included.
+# Everything is written below build/, compiler cache and temporary files included; only where the variable CI is set does
+# the compiler cache lie in the user's cache folder, so that it outlives the checkout.
 # shellcheck shell=bash
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -7,9 +8,15 @@ jobs=${ZOR_JOBS:-$(nproc 2>/dev/null || echo 2)}
 
 mkdir -p "$root/build/tmp"
 export TMPDIR=$root/build/tmp
-export CCACHE_DIR=${CCACHE_DIR:-$root/build/ccache}
+if [[ -n ${CI:-} ]]; then
+  export CCACHE_DIR=${CCACHE_DIR:-${XDG_CACHE_HOME:-$HOME/.cache}/zor-ccache}
+else
+  export CCACHE_DIR=${CCACHE_DIR:-$root/build/ccache}
+fi
 export CCACHE_BASEDIR=${CCACHE_BASEDIR:-$root}
 export CCACHE_NOHASHDIR=1
+# Precompiled headers are served too; no source asks for the date or the time.
+export CCACHE_SLOPPINESS=pch_defines,time_macros
 export PYTHONDONTWRITEBYTECODE=1
 
 die() {
@@ -35,6 +42,23 @@ missing_packages() {
   done <"$root/tools/packages"
 }
 
+# A machine that has just started updates its packages by itself and keeps others from it for minutes: wait that long.
+patience=300
+
+# update_lists [sudo]: apt-get waits for the lock of the packages by itself, for that of the lists it does not.
+update_lists() {
+  local log=$root/build/tmp/apt-update.log until=$((SECONDS + patience)) waits=no
+  until "$@" env LC_ALL=C apt-get -q -o "DPkg::Lock::Timeout=$patience" update >"$log" 2>&1; do
+    if ((SECONDS >= until)) || ! grep -q 'Could not get lock' "$log"; then
+      cat "$log"
+      return 1
+    fi
+    [[ $waits == yes ]] || printf 'Another program is using apt; waiting for it, at most %d seconds.\n' "$patience"
+    waits=yes
+    sleep 3
+  done
+}
+
 # need_packages SET MAY_INSTALL: installs what is missing, or prints the line that would and stops.
 need_packages() {
   local missing line as_root=()
@@ -50,9 +74,9 @@ need_packages() {
     die "$line"
   fi
   printf 'Installing %s\n' "${missing[*]}"
-  "${as_root[@]}" apt-get -q update || die 'The lists of packages could not be fetched.'
-  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q install -y --no-install-recommends "${missing[@]}" ||
-    die 'The packages could not be installed.'
+  update_lists "${as_root[@]}" || die 'The lists of packages could not be fetched.'
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o "DPkg::Lock::Timeout=$patience" install -y \
+    --no-install-recommends "${missing[@]}" || die 'The packages could not be installed.'
 }
 
 # configure PRESET [option...]: into build/PRESET, with the settings of the preset.

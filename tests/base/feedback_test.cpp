@@ -2,10 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <memory>
 #include <stdexcept>
-#include <stop_token>
 #include <string>
 #include <thread>
 #include <vector>
@@ -54,18 +51,6 @@ TEST_F(FeedbackStep, StopsInTheStepInWhichTheFlagIsSet) {
   EXPECT_TRUE(feedback_step_aborts());
   MathFeedBackProc = nullptr;
   EXPECT_TRUE(feedback_step_aborts()) << "the flag stays until somebody clears it";
-}
-
-TEST_F(FeedbackStep, LosesNoStepOfSeveralThreads) {
-  {
-    std::vector<std::jthread> workers;
-    for (int i = 0; i < 4; ++i)
-      workers.emplace_back([] {
-        for (int k = 0; k < 5000; ++k) feedback_step();
-      });
-    for (int k = 0; k < 1000; ++k) MathFeedBackProc = k % 2 ? nullptr : static_cast<TMathFeedBackProc>([](double) {});
-  }
-  EXPECT_EQ(ProcStat, 20000.0);
 }
 
 TEST_F(FeedbackScope, InstallsAndRestoresTheHooks) {
@@ -140,16 +125,6 @@ TEST_F(FeedbackScope, MayBeOpenedInsideAFeedbackFunction) {
   feedback_step();
   feedback_step();
   EXPECT_EQ(inner_steps, 1);
-}
-
-TEST_F(FeedbackScope, EndsSafelyWhileAnotherThreadSteps) {
-  std::jthread worker([](std::stop_token end) {
-    while (!end.stop_requested()) feedback_step();
-  });
-  for (int i = 0; i < 300; ++i) {
-    auto count = std::make_shared<std::atomic<int>>(0);
-    const TFeedbackScope scope([count](double) { ++*count; });
-  }
 }
 
 }  // namespace

@@ -9,11 +9,10 @@
 #include <string_view>
 
 #include "bits.h"
+#include "tests/level_from_environment.h"
 #include "zor/kernels/dispatch.h"
 
 namespace {
-
-using zor::kernels::Level;
 
 const char* current_section = "";
 
@@ -21,17 +20,6 @@ const char* current_section = "";
 std::map<std::string, void (*)()>& sections() {
   static std::map<std::string, void (*)()> all;
   return all;
-}
-
-// ZOR_BITS_LEVEL=v2, v3 or v4 limits the kernels to that level.
-bool limit_level_as_told() {
-  const char* told = std::getenv("ZOR_BITS_LEVEL");
-  if (!told) return true;
-  const std::map<std::string_view, Level> levels = {{"v2", Level::v2}, {"v3", Level::v3}, {"v4", Level::v4}};
-  const auto found = levels.find(told);
-  if (found == levels.end()) return false;
-  zor::kernels::limit_level(found->second);
-  return true;
 }
 
 }  // namespace
@@ -68,8 +56,8 @@ Section::Section(const char* name, void (*run)()) { sections()[name] = run; }
 }  // namespace bits
 
 int main() {
-  if (!limit_level_as_told()) {
-    std::fprintf(stderr, "ZOR_BITS_LEVEL is none of v2, v3, v4\n");
+  if (!zor::test::limit_level_from_environment()) {
+    std::fprintf(stderr, "ZOR_TEST_LEVEL is none of v2, v3, v4\n");
     return 2;
   }
   std::fprintf(stderr, "level v%d\n", 2 + static_cast<int>(zor::kernels::active_level()));

@@ -10,6 +10,7 @@
 #include "examples/tour/code.h"
 #include "examples/tour/csv.h"
 #include "examples/tour/report.h"
+#include "tests/source_dir.h"
 
 namespace {
 
@@ -17,7 +18,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-const std::filesystem::path kData = std::filesystem::path(ZOR_SOURCE_DIR) / "examples/data";
+const std::filesystem::path kData = zor::test::source_dir() / "examples/data";
 
 double mean(const std::vector<double>& values) {
   double sum = 0.0;

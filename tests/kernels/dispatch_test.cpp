@@ -2,8 +2,20 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/level_from_environment.h"
+
 namespace zor::kernels {
 namespace {
+
+/// Each test begins on the level that the environment names: on processors with more levels the lower ones are tested
+/// too.
+class LevelFromEnvironment : public testing::EmptyTestEventListener {
+  void OnTestStart(const testing::TestInfo&) override { ASSERT_TRUE(test::limit_level_from_environment()); }
+};
+[[maybe_unused]] const bool listens = [] {
+  testing::UnitTest::GetInstance()->listeners().Append(new LevelFromEnvironment);
+  return true;
+}();
 
 TEST(Dispatch, LimitLowersTheLevelAndNeverRaisesItAboveTheProcessor) {
   limit_level(Level::v2);

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "tests/kernels/runs.h"
+#include "tests/source_dir.h"
 
 namespace zor::kernels {
 namespace {
@@ -39,7 +40,7 @@ struct Certified {
 
 /// The columns of a data file of NIST: what follows its last line "Data: ..." and a line of hyphens, if there is one.
 std::vector<std::vector<double>> read(const std::string& file, std::size_t columns) {
-  std::ifstream in(std::string(ZOR_SOURCE_DIR "/tests/data/nist/") + file);
+  std::ifstream in(zor::test::source_dir() / "tests/data/nist" / file);
   std::string data;
   for (std::string line; std::getline(in, line);) {
     if (line.rfind("Data:", 0) == 0) {

@@ -2,11 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <initializer_list>
-#include <thread>
 #include <vector>
 
 #include "zor/runtime/exception.h"
@@ -79,25 +77,6 @@ TEST(AllocationLimits, EndWithTheirScope) {
     EXPECT_THROW(allocate_cells(101, false), EOutOfMemory);
   }
   free_cells(allocate_cells(1000, false));
-}
-
-TEST(CellMemory, IsSharedOutToThreadsWithoutMixingBlocks) {
-  std::vector<std::jthread> workers;
-  std::atomic<int> faults{0};
-  for (unsigned char mark = 1; mark <= 4; ++mark) {
-    workers.emplace_back([mark, &faults] {
-      for (int i = 0; i < 200; ++i) {
-        const std::size_t bytes = 70000;
-        auto* cells = static_cast<unsigned char*>(allocate_cells(bytes, i % 2 == 0));
-        if (i % 2 == 0 && !all_zero(cells, bytes)) ++faults;
-        std::memset(cells, mark, bytes);
-        if (cells[0] != mark || cells[bytes - 1] != mark) ++faults;
-        free_cells(cells);
-      }
-    });
-  }
-  workers.clear();
-  EXPECT_EQ(faults, 0);
 }
 
 }  // namespace

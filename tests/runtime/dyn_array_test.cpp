@@ -9,7 +9,6 @@
 #include <numeric>
 #include <ranges>
 #include <span>
-#include <thread>
 #include <vector>
 
 #include "zor/runtime/exception.h"
@@ -273,26 +272,6 @@ TEST(TDynArrayWithoutMemory, EveryFailingAllocationLeavesTheArrayAlone) {
       break;
     }
   }
-}
-
-TEST(TDynArrayThreads, HandlesMayBeCopiedAndDroppedAnywhere) {
-  Array2 a;
-  SetLength(a, 16, 64);
-  {
-    std::vector<std::jthread> workers;
-    for (int w = 0; w < 4; ++w) {
-      workers.emplace_back([a, w] {
-        for (int i = 0; i < 500; ++i) {
-          Array2 mine = a;
-          const Array row = mine[(i + w) % 16];
-          SetLength(mine, 3, 3);
-          mine[0][0] = row[0] + i;
-        }
-      });
-    }
-    a = nullptr;  // the last handle goes on one of the workers
-  }
-  EXPECT_EQ(a, nullptr);
 }
 
 }  // namespace
