@@ -9,7 +9,7 @@
 
 namespace zor::detail {
 
-/// How a matrix shows its numbers: see BasicMatrix::Precision.
+/// How a matrix shows its numbers: see TMatrix::Precision.
 class CellFormat {
  public:
   CellFormat(ZOR_runtime::Integer significant, ZOR_runtime::Integer decimals) noexcept

@@ -15,44 +15,40 @@ namespace kernels = zor::kernels;
 
 EZORMatrixError::~EZORMatrixError() = default;
 
-template <Cell T>
-BasicMatrix<T>::BasicMatrix(TComponent* AOwner) : TComponent(AOwner) {
+TMatrix::TMatrix(TComponent* AOwner) : TComponent(AOwner) {
   zor::detail::heap_guard(*this, [&] { SetLength(Mat, 1, 1); });
 }
 
-template <Cell T>
-const char* BasicMatrix<T>::ClassName() const noexcept {
-  return RealCell<T> ? "TMatrix" : "TIntMatrix";
-}
+const char* TMatrix::ClassName() const noexcept { return "TMatrix"; }
 
-template <Cell T>
-Boolean BasicMatrix<T>::Resize(Integer Nc, Integer Nr) {
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::Resize(Integer Nc, Integer Nr) {
   if (Nc < 1 || Nr < 1 || (Nc == FNCol && Nr == FNRow)) return false;
-  zor::detail::heap_guard(*this, [&] {
+  zor::detail::heap_guard(self(), [&] {
     T2DArray made = Mat;
     SetLength(made, Nc, Nr);
-    replace_cells(made);
+    renew_cells(made);
   });
   return true;
 }
 
-template <Cell T>
-void BasicMatrix<T>::replace_cells(T2DArray& made) {
-  set_cells(made);
+template <class Self, Cell T>
+void MatrixCore<Self, T>::renew_cells(T2DArray& made) {
+  swap_cells(made);
   Changed();
   Resized();
 }
 
-template <Cell T>
-void BasicMatrix<T>::take_over(T2DArray& made) {
-  const bool resized = made.size() != Mat.size() || made[0].size() != Mat[0].size();
-  set_cells(made);
+template <class Self, Cell T>
+void MatrixCore<Self, T>::renew_as_read(T2DArray& made) {
+  const bool resized = Length(made) != FNCol || Length(made[0]) != FNRow;
+  swap_cells(made);
   Changed();
   if (resized) Resized();
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::ResizeAndClear(Integer Nc, Integer Nr) {
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::ResizeAndClear(Integer Nc, Integer Nr) {
   if (!Resize(Nc, Nr)) return false;
   Fill(T{0});
   Changed();
@@ -60,73 +56,73 @@ Boolean BasicMatrix<T>::ResizeAndClear(Integer Nc, Integer Nr) {
   return true;
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::MakeValidColRange(Integer& LowCol, Integer& HighCol) const noexcept {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::MakeValidColRange(Integer& LowCol, Integer& HighCol) const noexcept {
   return zor::detail::make_valid_range(LowCol, HighCol, FNCol);
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::MakeValidRowRange(Integer& LowRow, Integer& HighRow) const noexcept {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::MakeValidRowRange(Integer& LowRow, Integer& HighRow) const noexcept {
   const bool reversed = std::clamp(LowRow, 1, FNRow) > std::clamp(HighRow, 1, FNRow);
   const Integer moved = zor::detail::make_valid_range(LowRow, HighRow, FNRow);
   return reversed ? kRangeClamped : moved;
 }
 
-template <Cell T>
-void BasicMatrix<T>::Fill(T value) {
+template <class Self, Cell T>
+auto MatrixCore<Self, T>::columns(Integer LowCol, Integer HighCol) const noexcept -> Bounds {
+  if (Mat.empty()) return {1, 0};
+  zor::detail::make_valid_range(LowCol, HighCol, dense_columns());
+  return {LowCol, HighCol};
+}
+
+template <class Self, Cell T>
+auto MatrixCore<Self, T>::rows(Integer LowRow, Integer HighRow) const noexcept -> Bounds {
+  if (Mat.empty()) return {1, 0};
+  zor::detail::make_valid_range(LowRow, HighRow, dense_rows());
+  return {LowRow, HighRow};
+}
+
+template <class Self, Cell T>
+void MatrixCore<Self, T>::Fill(T value) {
   for_columns([&](std::span<T> column) { kernels::fill(column, value); });
   Changed();
 }
 
-template <Cell T>
-void BasicMatrix<T>::Fill(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, T value) {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::Fill(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, T value) {
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
               [&](std::span<T> column) { kernels::fill(column, value); });
   Changed();
 }
 
-template <Cell T>
-void BasicMatrix<T>::FillDiag(T value) {
-  for (Integer i = 0; i < std::min(FNCol, FNRow); ++i) Mat[i][i] = value;
+template <class Self, Cell T>
+void MatrixCore<Self, T>::FillDiag(T value) {
+  for (Integer i = 0; i < std::min(dense_columns(), dense_rows()); ++i) Mat[i][i] = value;
   Changed();
 }
 
-template <Cell T>
-void BasicMatrix<T>::FillRandomUniform(Double RangeLow, Double RangeHigh)
-  requires RealCell<T>
-{
+void TMatrix::FillRandomUniform(Double RangeLow, Double RangeHigh) {
   FillRandomUniform(0, 0, 0, 0, RangeLow, RangeHigh);
 }
 
-template <Cell T>
-void BasicMatrix<T>::FillRandomUniform(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow,
-                                       Double RangeLow, Double RangeHigh)
-  requires RealCell<T>
-{
+void TMatrix::FillRandomUniform(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double RangeLow,
+                                Double RangeHigh) {
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
-              [&](std::span<T> column) { zor::detail::fill_random(column, RangeLow, RangeHigh - RangeLow); });
+              [&](std::span<Double> column) { zor::detail::fill_random(column, RangeLow, RangeHigh - RangeLow); });
   Changed();
 }
 
-template <Cell T>
-void BasicMatrix<T>::FillRandomGauss(Double Mean, Double StdDev)
-  requires RealCell<T>
-{
-  FillRandomGauss(0, 0, 0, 0, Mean, StdDev);
-}
+void TMatrix::FillRandomGauss(Double Mean, Double StdDev) { FillRandomGauss(0, 0, 0, 0, Mean, StdDev); }
 
-template <Cell T>
-void BasicMatrix<T>::FillRandomGauss(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double Mean,
-                                     Double StdDev)
-  requires RealCell<T>
-{
+void TMatrix::FillRandomGauss(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double Mean,
+                              Double StdDev) {
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
-              [&](std::span<T> column) { zor::detail::fill_gauss(column, Mean, StdDev); });
+              [&](std::span<Double> column) { zor::detail::fill_gauss(column, Mean, StdDev); });
   Changed();
 }
 
-template <Cell T>
-void BasicMatrix<T>::FillSerial(T Offset, T Diff) {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::FillSerial(T Offset, T Diff) {
   const T step[] = {Diff};  // added as the cells are: integers wrap
   for_columns([&](std::span<T> column) {
     kernels::fill_serial(column, Offset, Diff);
@@ -135,32 +131,28 @@ void BasicMatrix<T>::FillSerial(T Offset, T Diff) {
   });
 }
 
-template <Cell T>
-TString BasicMatrix<T>::CRCofData() const {
+template <class Self, Cell T>
+TString MatrixCore<Self, T>::CRCofData() const {
   zor::detail::CellChecksum<T> checksum;
-  for (Integer c = 1; c <= FNCol; ++c) checksum.add(Column(c));
+  for (Integer c = 1; c <= dense_columns(); ++c) checksum.add(Column(c));
   return checksum.text();
 }
 
-#define ZOR_INSTANCES(T)                                                                 \
-  template BasicMatrix<T>::BasicMatrix(TComponent*);                                     \
-  template const char* BasicMatrix<T>::ClassName() const noexcept;                       \
-  template Boolean BasicMatrix<T>::Resize(Integer, Integer);                             \
-  template void BasicMatrix<T>::replace_cells(T2DArray&);                                \
-  template void BasicMatrix<T>::take_over(T2DArray&);                                    \
-  template Boolean BasicMatrix<T>::ResizeAndClear(Integer, Integer);                     \
-  template Integer BasicMatrix<T>::MakeValidColRange(Integer&, Integer&) const noexcept; \
-  template Integer BasicMatrix<T>::MakeValidRowRange(Integer&, Integer&) const noexcept; \
-  template void BasicMatrix<T>::Fill(T);                                                 \
-  template void BasicMatrix<T>::Fill(Integer, Integer, Integer, Integer, T);             \
-  template void BasicMatrix<T>::FillDiag(T);                                             \
-  template void BasicMatrix<T>::FillSerial(T, T);                                        \
-  template TString BasicMatrix<T>::CRCofData() const;
+#define ZOR_INSTANCES(M, T)                                                                \
+  template Boolean MatrixCore<M, T>::Resize(Integer, Integer);                             \
+  template void MatrixCore<M, T>::renew_cells(T2DArray&);                                  \
+  template void MatrixCore<M, T>::renew_as_read(T2DArray&);                                \
+  template Boolean MatrixCore<M, T>::ResizeAndClear(Integer, Integer);                     \
+  template Integer MatrixCore<M, T>::MakeValidColRange(Integer&, Integer&) const noexcept; \
+  template Integer MatrixCore<M, T>::MakeValidRowRange(Integer&, Integer&) const noexcept; \
+  template auto MatrixCore<M, T>::columns(Integer, Integer) const noexcept -> Bounds;      \
+  template auto MatrixCore<M, T>::rows(Integer, Integer) const noexcept -> Bounds;         \
+  template void MatrixCore<M, T>::Fill(T);                                                 \
+  template void MatrixCore<M, T>::Fill(Integer, Integer, Integer, Integer, T);             \
+  template void MatrixCore<M, T>::FillDiag(T);                                             \
+  template void MatrixCore<M, T>::FillSerial(T, T);                                        \
+  template TString MatrixCore<M, T>::CRCofData() const;
 
-ZOR_INSTANCES(Double)
-template void BasicMatrix<Double>::FillRandomUniform(Double, Double);
-template void BasicMatrix<Double>::FillRandomUniform(Integer, Integer, Integer, Integer, Double, Double);
-template void BasicMatrix<Double>::FillRandomGauss(Double, Double);
-template void BasicMatrix<Double>::FillRandomGauss(Integer, Integer, Integer, Integer, Double, Double);
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

@@ -96,18 +96,12 @@ bool read_custom_cells(TTextFile& file, TStr2DArray& cells) {
 
 }  // namespace
 
-template <Cell T>
-Integer BasicMatrix<T>::ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const
-  requires RealCell<T>
-{
+Integer TMatrix::ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const {
   return ExportAsASC(FName, Precision, Comment, nullptr);
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::ExportAsASC(const TString& FName, Integer Precision, const TString& Comment,
-                                    const TStr2DArray& CustData) const
-  requires RealCell<T>
-{
+Integer TMatrix::ExportAsASC(const TString& FName, Integer Precision, const TString& Comment,
+                             const TStr2DArray& CustData) const {
   TTextFile file(FName);
   try {
     file.Rewrite();
@@ -132,19 +126,19 @@ Integer BasicMatrix<T>::ExportAsASC(const TString& FName, Integer Precision, con
   return 0;
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::ImportASC(const TString& FName, TString& Comment) {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::ImportASC(const TString& FName, TString& Comment) {
   return import_asc(FName, Comment, nullptr);
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::ImportASC(const TString& FName, TString& Comment, TStr2DArray& CustData) {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::ImportASC(const TString& FName, TString& Comment, TStr2DArray& CustData) {
   CustData = nullptr;
   return import_asc(FName, Comment, &CustData);
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::import_asc(const TString& FName, TString& Comment, TStr2DArray* CustData) {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::import_asc(const TString& FName, TString& Comment, TStr2DArray* CustData) {
   using zor::detail::AscCell;
   if (!ZOR_runtime::FileExists(FName)) return kNoSuchFile;
   TTextFile file(FName);
@@ -177,7 +171,7 @@ Integer BasicMatrix<T>::import_asc(const TString& FName, TString& Comment, TStr2
       }
       row[read] = zor::detail::convert_cell<T>(x);
     }
-    store_block(
+    write_block(
         static_cast<Int64>(read), 1, [&](Int64 i) { return row.data() + i; }, 1, reached);
   }
   // The row at which the read failed stays, with old values or 0 from the bad cell on.
@@ -187,13 +181,11 @@ Integer BasicMatrix<T>::import_asc(const TString& FName, TString& Comment, TStr2
   return code;
 }
 
-#define ZOR_INSTANCES(T)                                                              \
-  template Integer BasicMatrix<T>::ImportASC(const TString&, TString&);               \
-  template Integer BasicMatrix<T>::ImportASC(const TString&, TString&, TStr2DArray&); \
-  template Integer BasicMatrix<T>::import_asc(const TString&, TString&, TStr2DArray*);
+#define ZOR_INSTANCES(M, T)                                                             \
+  template Integer MatrixCore<M, T>::ImportASC(const TString&, TString&);               \
+  template Integer MatrixCore<M, T>::ImportASC(const TString&, TString&, TStr2DArray&); \
+  template Integer MatrixCore<M, T>::import_asc(const TString&, TString&, TStr2DArray*);
 
-ZOR_INSTANCES(Double)
-template Integer BasicMatrix<Double>::ExportAsASC(const TString&, Integer, const TString&) const;
-template Integer BasicMatrix<Double>::ExportAsASC(const TString&, Integer, const TString&, const TStr2DArray&) const;
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

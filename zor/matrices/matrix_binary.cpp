@@ -26,15 +26,16 @@ std::size_t rows_in_turn(std::size_t columns) {
 
 }  // namespace
 
-template <Cell T>
-void BasicMatrix<T>::SaveBinary(const TString& FName) const {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::SaveBinary(const TString& FName) const {
   RecordHead head;
-  head.NrColumns = FNCol;
-  head.NrRows = FNRow;
+  head.NrColumns = dense_columns();
+  head.NrRows = dense_rows();
   head.DataID = FDataID;
   head.Format = kFormat<T>;
   RecordFileWriter writer(FName, head);
-  const std::size_t columns = Mat.size(), rows = Mat[0].size(), step = rows_in_turn(columns);
+  const std::size_t columns = zor::detail::to_size(dense_columns()), rows = zor::detail::to_size(dense_rows()),
+                    step = rows_in_turn(columns);
   std::vector<T> block(columns * std::min(step, rows));
   for (std::size_t first = 0; first < rows; first += step) {
     const std::size_t n = std::min(step, rows - first);
@@ -46,8 +47,8 @@ void BasicMatrix<T>::SaveBinary(const TString& FName) const {
   writer.finish();
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::LoadBinary(const TString& FName) {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::LoadBinary(const TString& FName) {
   if (!ZOR_runtime::FileExists(FName)) return kUnreadable;
   T2DArray made;
   RecordHead head;
@@ -59,7 +60,7 @@ Integer BasicMatrix<T>::LoadBinary(const TString& FName) {
     const std::size_t columns = zor::detail::to_size(head.NrColumns), rows = zor::detail::to_size(head.NrRows);
     const std::size_t step = rows_in_turn(columns);
     std::vector<T> block;
-    zor::detail::heap_guard(*this, [&] {
+    zor::detail::heap_guard(self(), [&] {
       zor::detail::set_length_unset(made, columns, rows);
       block.resize(columns * std::min(step, rows));
     });
@@ -74,13 +75,13 @@ Integer BasicMatrix<T>::LoadBinary(const TString& FName) {
     return kUnreadable;
   }
   FDataID = head.DataID;
-  take_over(made);
+  renew_as_read(made);
   return 0;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::ReadBinaryHeader(const TString& FName, Integer& NrColumns, Integer& NrRows, TString& DataID,
-                                         Integer& Format) const {
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::ReadBinaryHeader(const TString& FName, Integer& NrColumns, Integer& NrRows,
+                                              TString& DataID, Integer& Format) const {
   RecordHead head;
   bool found = false;
   if (ZOR_runtime::FileExists(FName)) {
@@ -95,11 +96,11 @@ Boolean BasicMatrix<T>::ReadBinaryHeader(const TString& FName, Integer& NrColumn
   return found && head.NrLayers == 0 && head.NrTimeSlots == 0 && head.Format == kFormat<T>;
 }
 
-#define ZOR_INSTANCES(T)                                          \
-  template void BasicMatrix<T>::SaveBinary(const TString&) const; \
-  template Integer BasicMatrix<T>::LoadBinary(const TString&);    \
-  template Boolean BasicMatrix<T>::ReadBinaryHeader(const TString&, Integer&, Integer&, TString&, Integer&) const;
+#define ZOR_INSTANCES(M, T)                                         \
+  template void MatrixCore<M, T>::SaveBinary(const TString&) const; \
+  template Integer MatrixCore<M, T>::LoadBinary(const TString&);    \
+  template Boolean MatrixCore<M, T>::ReadBinaryHeader(const TString&, Integer&, Integer&, TString&, Integer&) const;
 
-ZOR_INSTANCES(Double)
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

@@ -11,7 +11,7 @@ namespace {
 bool lands(Int64 n, Int64 dest, Int64 size) { return dest <= size && dest >= 2 - n; }
 
 template <class T>
-void fill_vector(BasicVector<T>& vec, const TDynArray<T>& values, Int64 dest) {
+void fill_vector(ZOR_vector::VectorOf<T>& vec, const TDynArray<T>& values, Int64 dest) {
   vec.Fill(T{0});
   if (vec.OnChange) {
     const auto hit = zor::detail::landing(static_cast<Int64>(values.size()), dest, 1, vec.NrOfElem());
@@ -36,9 +36,9 @@ void fill_array(TDynArray<T>& array, const TDynArray<T>& values, Int64 dest) {
 
 }  // namespace
 
-template <Cell T>
-TDynArray<T> BasicMatrix<T>::row_cells(Integer Row, Integer FirstCol, Integer LastCol) const {
-  const Integer row = std::clamp(Row, 1, FNRow) - 1;
+template <class Self, Cell T>
+TDynArray<T> MatrixCore<Self, T>::row_cells(Integer Row, Integer FirstCol, Integer LastCol) const {
+  const Integer row = std::max(std::min(Row, dense_rows()), 1) - 1;
   const Bounds cols = columns(FirstCol, LastCol);
   TArray cells;
   zor::detail::set_length_unset(cells, cols.size());
@@ -46,52 +46,53 @@ TDynArray<T> BasicMatrix<T>::row_cells(Integer Row, Integer FirstCol, Integer La
   return cells;
 }
 
-template <Cell T>
-TDynArray<T> BasicMatrix<T>::column_cells(Integer Col, Integer FirstRow, Integer LastRow) const {
+template <class Self, Cell T>
+TDynArray<T> MatrixCore<Self, T>::column_cells(Integer Col, Integer FirstRow, Integer LastRow) const {
   const Bounds within = rows(FirstRow, LastRow);
-  const T* column = Column(std::clamp(Col, 1, FNCol)).data();
+  const T* column = Column(std::max(std::min(Col, dense_columns()), 1)).data();
   return TArray(column + (within.lo - 1), column + within.hi);
 }
 
-template <Cell T>
-void BasicMatrix<T>::CopyRowToVec(TVec* DestVec, Integer Row, Integer FirstCol, Integer LastCol) const {
-  if (DestVec) fill_vector(*DestVec, row_cells(Row, FirstCol, LastCol), 1);
+template <class Self, Cell T>
+void MatrixCore<Self, T>::CopyRowToVec(TVec* DestVec, Integer Row, Integer FirstCol, Integer LastCol) const {
+  if (DestVec) fill_vector<T>(*DestVec, row_cells(Row, FirstCol, LastCol), 1);
 }
 
-template <Cell T>
-void BasicMatrix<T>::CopyColToVec(TVec* DestVec, Integer Col, Integer FirstRow, Integer LastRow) const {
-  if (DestVec) fill_vector(*DestVec, column_cells(Col, FirstRow, LastRow), 1);
+template <class Self, Cell T>
+void MatrixCore<Self, T>::CopyColToVec(TVec* DestVec, Integer Col, Integer FirstRow, Integer LastRow) const {
+  if (DestVec) fill_vector<T>(*DestVec, column_cells(Col, FirstRow, LastRow), 1);
 }
 
-template <Cell T>
-void BasicMatrix<T>::CopyRowToVec(TVec* DestVec, Integer Row, Integer FirstCol, Integer LastCol,
-                                  Integer DestElem) const {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::CopyRowToVec(TVec* DestVec, Integer Row, Integer FirstCol, Integer LastCol,
+                                       Integer DestElem) const {
   if (!DestVec || !lands(static_cast<Int64>(columns(FirstCol, LastCol).size()), DestElem, DestVec->NrOfElem())) return;
-  fill_vector(*DestVec, row_cells(Row, FirstCol, LastCol), DestElem);
+  fill_vector<T>(*DestVec, row_cells(Row, FirstCol, LastCol), DestElem);
 }
 
-template <Cell T>
-void BasicMatrix<T>::CopyColToVec(TVec* DestVec, Integer Col, Integer FirstRow, Integer LastRow,
-                                  Integer DestElem) const {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::CopyColToVec(TVec* DestVec, Integer Col, Integer FirstRow, Integer LastRow,
+                                       Integer DestElem) const {
   if (!DestVec || !lands(static_cast<Int64>(rows(FirstRow, LastRow).size()), DestElem, DestVec->NrOfElem())) return;
-  fill_vector(*DestVec, column_cells(Col, FirstRow, LastRow), DestElem);
+  fill_vector<T>(*DestVec, column_cells(Col, FirstRow, LastRow), DestElem);
 }
 
-template <Cell T>
-void BasicMatrix<T>::CopyRowTo1DArray(TArray Dest, Integer Row, Integer FirstCol, Integer LastCol,
-                                      Integer DestElem) const {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::CopyRowTo1DArray(TArray Dest, Integer Row, Integer FirstCol, Integer LastCol,
+                                           Integer DestElem) const {
   fill_array(Dest, row_cells(Row, FirstCol, LastCol), DestElem);
 }
 
-template <Cell T>
-void BasicMatrix<T>::CopyColTo1DArray(TArray Dest, Integer Col, Integer FirstRow, Integer LastRow,
-                                      Integer DestElem) const {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::CopyColTo1DArray(TArray Dest, Integer Col, Integer FirstRow, Integer LastRow,
+                                           Integer DestElem) const {
   fill_array(Dest, column_cells(Col, FirstRow, LastRow), DestElem);
 }
 
-template <Cell T>
+template <class Self, Cell T>
 template <class A>
-Integer BasicMatrix<T>::copy_to_array(A& dest, Bounds cols, Bounds down, Integer dest_col, Integer dest_row) const {
+Integer MatrixCore<Self, T>::copy_to_array(A& dest, Bounds cols, Bounds down, Integer dest_col,
+                                           Integer dest_row) const {
   const auto shape = zor::detail::shape_of(dest);
   if (shape.empty()) return kNoArray;
   Integer code = 0;
@@ -112,52 +113,48 @@ Integer BasicMatrix<T>::copy_to_array(A& dest, Bounds cols, Bounds down, Integer
   return 0;
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::CopyToArray(TDouble2DArray& Dest, Integer SrcColLo, Integer SrcRowLo, Integer SrcColHi,
-                                    Integer SrcRowHi, Integer DestCol, Integer DestRow) const {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::CopyToArray(TDouble2DArray& Dest, Integer SrcColLo, Integer SrcRowLo, Integer SrcColHi,
+                                         Integer SrcRowHi, Integer DestCol, Integer DestRow) const {
   return copy_to_array(Dest, {SrcColLo, SrcColHi}, {SrcRowLo, SrcRowHi}, DestCol, DestRow);
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::CopyToArray(TInt2DArray& Dest, Integer SrcColLo, Integer SrcRowLo, Integer SrcColHi,
-                                    Integer SrcRowHi, Integer DestCol, Integer DestRow) const {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::CopyToArray(TInt2DArray& Dest, Integer SrcColLo, Integer SrcRowLo, Integer SrcColHi,
+                                         Integer SrcRowHi, Integer DestCol, Integer DestRow) const {
   return copy_to_array(Dest, {SrcColLo, SrcColHi}, {SrcRowLo, SrcRowHi}, DestCol, DestRow);
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::DuplicateDataAsArray(T2DArray& Dest) const {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::DuplicateDataAsArray(T2DArray& Dest) const {
   if (zor::detail::shape_of(Dest).empty()) return kNoArray;
-  zor::detail::set_length_unset(Dest, Mat.size(), Mat[0].size());
+  zor::detail::set_length_unset(Dest, zor::detail::to_size(dense_columns()), zor::detail::to_size(dense_rows()));
   return copy_to_array(Dest, {0, 0}, {0, 0}, 0, 0);
 }
 
-template <Cell T>
-void BasicMatrix<T>::AssignTo(TPersistent* Dest) const {
-  if constexpr (RealCell<T>) {
-    if (auto* matrix = dynamic_cast<BasicMatrix*>(Dest)) {
-      matrix->Assign(this);
-      return;
-    }
+void TMatrix::AssignTo(TPersistent* Dest) const {
+  if (auto* matrix = dynamic_cast<TMatrix*>(Dest)) {
+    matrix->Assign(this);
+  } else {
+    TComponent::AssignTo(Dest);
   }
-  TComponent::AssignTo(Dest);
 }
 
-#define ZOR_INSTANCES(T)                                                                                              \
-  template TDynArray<T> BasicMatrix<T>::row_cells(Integer, Integer, Integer) const;                                   \
-  template TDynArray<T> BasicMatrix<T>::column_cells(Integer, Integer, Integer) const;                                \
-  template void BasicMatrix<T>::CopyRowToVec(TVec*, Integer, Integer, Integer) const;                                 \
-  template void BasicMatrix<T>::CopyColToVec(TVec*, Integer, Integer, Integer) const;                                 \
-  template void BasicMatrix<T>::CopyRowToVec(TVec*, Integer, Integer, Integer, Integer) const;                        \
-  template void BasicMatrix<T>::CopyColToVec(TVec*, Integer, Integer, Integer, Integer) const;                        \
-  template void BasicMatrix<T>::CopyRowTo1DArray(TArray, Integer, Integer, Integer, Integer) const;                   \
-  template void BasicMatrix<T>::CopyColTo1DArray(TArray, Integer, Integer, Integer, Integer) const;                   \
-  template Integer BasicMatrix<T>::CopyToArray(TDouble2DArray&, Integer, Integer, Integer, Integer, Integer, Integer) \
-      const;                                                                                                          \
-  template Integer BasicMatrix<T>::CopyToArray(TInt2DArray&, Integer, Integer, Integer, Integer, Integer, Integer)    \
-      const;                                                                                                          \
-  template Integer BasicMatrix<T>::DuplicateDataAsArray(T2DArray&) const;                                             \
-  template void BasicMatrix<T>::AssignTo(TPersistent*) const;
+#define ZOR_INSTANCES(M, T)                                                                                          \
+  template TDynArray<T> MatrixCore<M, T>::row_cells(Integer, Integer, Integer) const;                                \
+  template TDynArray<T> MatrixCore<M, T>::column_cells(Integer, Integer, Integer) const;                             \
+  template void MatrixCore<M, T>::CopyRowToVec(TVec*, Integer, Integer, Integer) const;                              \
+  template void MatrixCore<M, T>::CopyColToVec(TVec*, Integer, Integer, Integer) const;                              \
+  template void MatrixCore<M, T>::CopyRowToVec(TVec*, Integer, Integer, Integer, Integer) const;                     \
+  template void MatrixCore<M, T>::CopyColToVec(TVec*, Integer, Integer, Integer, Integer) const;                     \
+  template void MatrixCore<M, T>::CopyRowTo1DArray(TArray, Integer, Integer, Integer, Integer) const;                \
+  template void MatrixCore<M, T>::CopyColTo1DArray(TArray, Integer, Integer, Integer, Integer) const;                \
+  template Integer MatrixCore<M, T>::CopyToArray(TDouble2DArray&, Integer, Integer, Integer, Integer, Integer,       \
+                                                 Integer) const;                                                     \
+  template Integer MatrixCore<M, T>::CopyToArray(TInt2DArray&, Integer, Integer, Integer, Integer, Integer, Integer) \
+      const;                                                                                                         \
+  template Integer MatrixCore<M, T>::DuplicateDataAsArray(T2DArray&) const;
 
-ZOR_INSTANCES(Double)
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

@@ -10,22 +10,16 @@
 
 namespace ZOR_matrix {
 
-template <Cell T>
-Boolean BasicMatrix<T>::Invert()
-  requires RealCell<T>
-{
+Boolean TMatrix::Invert() {
   const Integer n = FNCol;
   T2DArray work = Mat;
   const Integer code = zor::detail::memory_guard(*this, [&] { return ZOR_openarrays::InvertArray(work); });
   const bool fits = FNCol == n && FNRow == Length(work[0]);  // a feedback procedure may have resized this matrix
-  if (code != ZOR_openarrays::kNotInvertible && fits) set_cells(work);
+  if (code != ZOR_openarrays::kNotInvertible && fits) swap_cells(work);
   return code == 0 && fits;
 }
 
-template <Cell T>
-Double BasicMatrix<T>::Determinant() const
-  requires RealCell<T>
-{
+Double TMatrix::Determinant() const {
   T2DArray lower, upper;
   const auto factor = [&] { return ZOR_openarrays::LUdecomposition(Mat, lower, upper); };
   if (zor::detail::memory_guard(*this, factor) != 0) return 0.0;
@@ -34,16 +28,13 @@ Double BasicMatrix<T>::Determinant() const
   return product;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::LUdecomposition(BasicMatrix* MatL, BasicMatrix* MatU) const
-  requires RealCell<T>
-{
+Boolean TMatrix::LUdecomposition(TMatrix* MatL, TMatrix* MatU) const {
   if (!MatL || !MatU || MatL == MatU) return false;
   T2DArray lower, upper;
   const auto factor = [&] { return ZOR_openarrays::LUdecomposition(Mat, lower, upper); };
   if (zor::detail::memory_guard(*this, factor) != 0) return false;
   const Integer n = Length(lower);
-  const auto give = [n](const T2DArray& cells, BasicMatrix& to) {
+  const auto give = [n](const T2DArray& cells, TMatrix& to) {
     to.Resize(n, n);
     to.CopyFromArray(cells, 0, 0, 0, 0, 1, 1);
   };
@@ -52,14 +43,11 @@ Boolean BasicMatrix<T>::LUdecomposition(BasicMatrix* MatL, BasicMatrix* MatU) co
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::CholeskyDecomp(BasicMatrix* MatL)
-  requires RealCell<T>
-{
+Boolean TMatrix::CholeskyDecomp(TMatrix* MatL) {
   const Integer n = FNCol;
   if (!MatL || MatL == this || FNRow != n) return false;
   T2DArray lower;
-  std::vector<T*> columns;
+  std::vector<Double*> columns;
   const bool found = zor::detail::heap_guard(*this, [&] {
     SetLength(lower, n, n);
     for (TArray& column : lower) columns.push_back(column.data());
@@ -77,15 +65,12 @@ Boolean BasicMatrix<T>::CholeskyDecomp(BasicMatrix* MatL)
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::Balance(Double Tolerance)
-  requires RealCell<T>
-{
+Boolean TMatrix::Balance(Double Tolerance) {
   if (FNCol != FNRow) return false;
   constexpr int kMostPasses = 100;
   const Double tolerance = Tolerance > 1.05 ? 1.05 : Tolerance > 1.000001 ? Tolerance : 1.000001;
   const auto n = Mat.size();
-  std::vector<T*> columns;
+  std::vector<Double*> columns;
   for (TArray& column : Mat) columns.push_back(column.data());
   int passes = 0;
   for (Double largest = 2.1; largest > tolerance && passes < kMostPasses;) {
@@ -111,10 +96,7 @@ Boolean BasicMatrix<T>::Balance(Double Tolerance)
   return passes < kMostPasses;
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::CalcHatMatrix(BasicMatrix* HatMat) const
-  requires RealCell<T>
-{
+Integer TMatrix::CalcHatMatrix(TMatrix* HatMat) const {
   if (!HatMat || HatMat == this) return ZOR_openarrays::kSizeMismatch;
   const T2DArray x = Mat;
   T2DArray cells;
@@ -126,15 +108,8 @@ Integer BasicMatrix<T>::CalcHatMatrix(BasicMatrix* HatMat) const
     }
     return result;
   });
-  HatMat->set_cells(cells);
+  HatMat->swap_cells(cells);
   return code;
 }
-
-template Boolean BasicMatrix<Double>::Invert();
-template Double BasicMatrix<Double>::Determinant() const;
-template Boolean BasicMatrix<Double>::LUdecomposition(TMatrix*, TMatrix*) const;
-template Boolean BasicMatrix<Double>::CholeskyDecomp(TMatrix*);
-template Boolean BasicMatrix<Double>::Balance(Double);
-template Integer BasicMatrix<Double>::CalcHatMatrix(TMatrix*) const;
 
 }  // namespace ZOR_matrix

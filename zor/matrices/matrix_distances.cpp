@@ -94,10 +94,7 @@ void store_distances(TDistMode mode, std::span<const Double* const> columns, std
 
 }  // namespace
 
-template <Cell T>
-Double BasicMatrix<T>::DistanceOfObjects(TDistMode Mode, Integer obj1, Integer obj2) const
-  requires RealCell<T>
-{
+Double TMatrix::DistanceOfObjects(TDistMode Mode, Integer obj1, Integer obj2) const {
   Double distance = 0.0;
   if (is_computed(Mode)) {
     PairSums sums{};
@@ -108,15 +105,12 @@ Double BasicMatrix<T>::DistanceOfObjects(TDistMode Mode, Integer obj1, Integer o
     finish(Mode, sums, 1, &distance);
   } else if (Mode == dmUserDef) {
     // The handler gets the matrix as its sender, which a call does not change.
-    OnCalcDistance(const_cast<BasicMatrix*>(this), obj1, obj2, distance);
+    OnCalcDistance(const_cast<TMatrix*>(this), obj1, obj2, distance);
   }
   return distance;
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::CalcDistMat(TDistMode Mode, BasicMatrix* DMat) const
-  requires RealCell<T>
-{
+Integer TMatrix::CalcDistMat(TDistMode Mode, TMatrix* DMat) const {
   const auto check = [DMat](Integer n) {
     if (!DMat) return kNotSquare;
     if (DMat->FNCol != n) return kOtherNumberOfRows;
@@ -136,11 +130,8 @@ Integer BasicMatrix<T>::CalcDistMat(TDistMode Mode, BasicMatrix* DMat) const
     }
     if (const Integer code = check(rows); code != 0) return code;  // a handler may have resized it
   }
-  if (!made.empty()) DMat->set_cells(made);
+  if (!made.empty()) DMat->swap_cells(made);
   return 0;
 }
-
-template Double BasicMatrix<Double>::DistanceOfObjects(TDistMode, Integer, Integer) const;
-template Integer BasicMatrix<Double>::CalcDistMat(TDistMode, BasicMatrix*) const;
 
 }  // namespace ZOR_matrix

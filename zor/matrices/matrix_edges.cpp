@@ -47,17 +47,16 @@ std::vector<std::size_t> valid_indices(const TIntArray& list, Integer size) {
 
 }  // namespace
 
-template <Cell T>
-Integer BasicMatrix<T>::EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx, TVector* Dest) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, const TIntArray& EdgeIx,
+                                        TVector* Dest) const {
   if (!Dest) return kNoDestination;
   const Boolean horizontal = Orient == orHorizontal;
-  const Integer full = horizontal ? FNCol : FNRow;
+  const Integer full = horizontal ? dense_columns() : dense_rows();
   const std::vector<std::size_t> indices = valid_indices(EdgeIx, full);
   std::vector<Double> values;
   if (horizontal) {
-    const auto n = static_cast<std::size_t>(FNRow);
+    const auto n = static_cast<std::size_t>(dense_rows());
     values.resize(n);
     std::vector<const T*> columns;
     for (const std::size_t c : indices) columns.push_back(Mat[c].data());
@@ -80,6 +79,9 @@ Integer BasicMatrix<T>::EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, const TI
   return code;
 }
 
-template Integer BasicMatrix<Double>::EdgeVector(TOrientation, TEdgeOp, const TIntArray&, TVector*) const;
+#define ZOR_INSTANCES(M, T) \
+  template Integer MatrixCore<M, T>::EdgeVector(TOrientation, TEdgeOp, const TIntArray&, TVector*) const;
+
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

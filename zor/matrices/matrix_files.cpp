@@ -33,8 +33,9 @@ bool cut_at_mark(std::string_view& line) {
 
 }  // namespace
 
-template <Cell T>
-Boolean BasicMatrix<T>::StoreOnFile(Integer LoC, Integer LoR, Integer HiC, Integer HiR, const TString& FileName) const {
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::StoreOnFile(Integer LoC, Integer LoR, Integer HiC, Integer HiR,
+                                         const TString& FileName) const {
   const Bounds cols = columns(LoC, HiC), down = rows(LoR, HiR);
   const zor::detail::CellFormat format(FPrecis[0], FPrecis[1]);
   return zor::detail::write_file(FileName, [&](TTextFile& file) {
@@ -55,11 +56,11 @@ Boolean BasicMatrix<T>::StoreOnFile(Integer LoC, Integer LoR, Integer HiC, Integ
   });
 }
 
-template <Cell T>
+template <class Self, Cell T>
 template <class NextWord>
-void BasicMatrix<T>::read_row(Int64 first_col, Int64 last_col, Int64 row, NextWord next_word) {
+void MatrixCore<Self, T>::read_row(Int64 first_col, Int64 last_col, Int64 row, NextWord next_word) {
   zor::detail::RunWriter<T> out([&](std::span<const T> cells, Int64 col) {
-    store_block(
+    write_block(
         static_cast<Int64>(cells.size()), 1, [&](Int64 i) { return cells.data() + i; }, col, row);
   });
   for (Int64 c = first_col; c <= last_col; ++c) {
@@ -71,8 +72,8 @@ void BasicMatrix<T>::read_row(Int64 first_col, Int64 last_col, Int64 row, NextWo
   out.flush();
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize) {
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize) {
   Boolean result = false;
   try {
     TTextFile file(FileName);
@@ -86,7 +87,7 @@ Boolean BasicMatrix<T>::LoadFromFile(const TString& FileName, Boolean AdjustMatr
       if (!zor::detail::may_allocate(cells, file.Remaining() + 1, zor::detail::kSmallestTextCell)) return false;
       Resize(cols.hi, down.hi);
     }
-    if (cols.hi <= FNCol && down.hi <= FNRow) {
+    if (cols.hi <= dense_columns() && down.hi <= dense_rows()) {
       result = true;
       for (Int64 r = down.lo; r <= down.hi && cols.lo <= cols.hi && !file.Eof(); ++r)
         read_row(cols.lo, cols.hi, r, [&] { return file.read_word(); });
@@ -98,10 +99,7 @@ Boolean BasicMatrix<T>::LoadFromFile(const TString& FileName, Boolean AdjustMatr
   return result;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize, Boolean AutoDetect)
-  requires RealCell<T>
-{
+Boolean TMatrix::LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize, Boolean AutoDetect) {
   if (!AutoDetect) return LoadFromFile(FileName, AdjustMatrixSize);
   Boolean result = false;
   try {
@@ -138,11 +136,10 @@ Boolean BasicMatrix<T>::LoadFromFile(const TString& FileName, Boolean AdjustMatr
   return result;
 }
 
-#define ZOR_INSTANCES(T)                                                                                  \
-  template Boolean BasicMatrix<T>::StoreOnFile(Integer, Integer, Integer, Integer, const TString&) const; \
-  template Boolean BasicMatrix<T>::LoadFromFile(const TString&, Boolean);
+#define ZOR_INSTANCES(M, T)                                                                                 \
+  template Boolean MatrixCore<M, T>::StoreOnFile(Integer, Integer, Integer, Integer, const TString&) const; \
+  template Boolean MatrixCore<M, T>::LoadFromFile(const TString&, Boolean);
 
-ZOR_INSTANCES(Double)
-template Boolean BasicMatrix<Double>::LoadFromFile(const TString&, Boolean, Boolean);
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

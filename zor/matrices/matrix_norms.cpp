@@ -42,17 +42,14 @@ Double spectral_norm(TDouble2DArray& a) {
 
 }  // namespace
 
-template <Cell T>
-Double BasicMatrix<T>::Norm(TNormType nt) const
-  requires RealCell<T>
-{
-  const auto add_magnitude = [](Double sum, T x) { return sum + std::fabs(x); };
+Double TMatrix::Norm(TNormType nt) const {
+  const auto add_magnitude = [](Double sum, Double x) { return sum + std::fabs(x); };
   std::vector<Double> sums;
   switch (nt) {
     case ntColwise:
       for (const TArray& column : Mat) {
         Double sum = 0.0;
-        for (const T x : column) sum = add_magnitude(sum, x);
+        for (const Double x : column) sum = add_magnitude(sum, x);
         sums.push_back(sum);
       }
       return largest_of(sums);
@@ -84,18 +81,17 @@ Double BasicMatrix<T>::Norm(TNormType nt) const
   return norm;
 }
 
-template <Cell T>
-Double BasicMatrix<T>::Trace() const
-  requires RealCell<T>
-{
-  Double sum = 0.0;
-  if (FNCol == FNRow) {
-    for (Integer i = 0; i < FNCol; ++i) sum += Mat[i][i];
+template <class Self, Cell T>
+T MatrixCore<Self, T>::Trace() const {
+  T sum = 0;
+  if (dense_columns() == dense_rows()) {
+    for (Integer i = 0; i < dense_columns(); ++i) sum += Mat[i][i];
   }
   return sum;
 }
 
-template Double BasicMatrix<Double>::Norm(TNormType) const;
-template Double BasicMatrix<Double>::Trace() const;
+#define ZOR_INSTANCES(M, T) template T MatrixCore<M, T>::Trace() const;
+
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

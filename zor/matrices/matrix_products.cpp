@@ -15,101 +15,96 @@ namespace kernels = zor::kernels;
 using kernels::Form;
 
 /// Cells of a new matrix, each of which is about to be written.
-TDouble2DArray new_cells(const TMatrix& matrix, Integer columns, Integer rows) {
-  TDouble2DArray made;
+template <class T>
+TDynArray<TDynArray<T>> new_cells(const TComponent& matrix, Integer columns, Integer rows) {
+  TDynArray<TDynArray<T>> made;
   zor::detail::heap_guard(
       matrix, [&] { zor::detail::set_length_unset(made, zor::detail::to_size(columns), zor::detail::to_size(rows)); });
   return made;
 }
 
-std::vector<Double*> columns_of(TDouble2DArray& a) {
-  std::vector<Double*> columns;
-  for (TDoubleArray& column : a) columns.push_back(column.data());
+template <class T>
+std::vector<T*> columns_of(TDynArray<TDynArray<T>>& a) {
+  std::vector<T*> columns;
+  for (TDynArray<T>& column : a) columns.push_back(column.data());
   return columns;
 }
 
 /// Gives a vector its elements as SetVal does; it may be what they were computed from.
-void store(const std::vector<Double>& values, TVector& to) {
+template <class T>
+void store(const std::vector<T>& values, ZOR_vector::VectorOf<T>& to) {
   to.SetNrOfElem(zor::detail::to_integer(values.size()));
   for (std::size_t i = 0; i < values.size(); ++i) to.SetVal(static_cast<Integer>(i + 1), values[i]);
 }
 
 }  // namespace
 
-template <Cell T>
-void BasicMatrix<T>::store_result(T2DArray& made) {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::write_result(T2DArray& made) {
   const Integer columns = Length(made), rows = Length(made[0]);
   Resize(columns, rows);
-  if (!OnChange && FNCol == columns && FNRow == rows) return set_cells(made);
-  store_block(
+  if (!OnChange && dense_columns() == columns && dense_rows() == rows) return swap_cells(made);
+  write_block(
       columns, rows, [&](Int64 i) { return made[i].data(); }, 1, 1);
 }
 
-template <Cell T>
-void BasicMatrix<T>::store_product(const BasicMatrix& b, Side rows, Side columns, BasicMatrix& to) const {
-  const auto size = [](const BasicMatrix& m, Side side) { return side == Side::rows ? m.FNRow : m.FNCol; };
+template <class Self, Cell T>
+void MatrixCore<Self, T>::multiply_sides(const Self& b, Side rows, Side columns, Self& to) const {
+  const auto size = [](const MatrixCore& m, Side side) {
+    return side == Side::rows ? m.dense_rows() : m.dense_columns();
+  };
   const Integer n_rows = size(*this, rows), n_columns = size(b, columns);
-  T2DArray made = new_cells(*this, n_columns, n_rows);
+  T2DArray made = new_cells<T>(self(), n_columns, n_rows);
   kernels::multiply(column_pointers().data(), rows == Side::rows ? Form::plain : Form::transposed,
                     b.column_pointers().data(), columns == Side::columns ? Form::plain : Form::transposed,
                     columns_of(made).data(), zor::detail::to_size(n_rows), zor::detail::to_size(n_columns),
-                    zor::detail::to_size(rows == Side::rows ? FNCol : FNRow));
-  to.store_result(made);
+                    zor::detail::to_size(rows == Side::rows ? dense_columns() : dense_rows()));
+  to.write_result(made);
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::Multiply(const BasicMatrix* MatB, BasicMatrix* MatRes)
-  requires RealCell<T>
-{
-  if (!MatB || !MatRes || FNCol != MatB->FNRow) return false;
-  store_product(*MatB, Side::rows, Side::columns, *MatRes);
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::Multiply(const Self* MatB, Self* MatRes) {
+  if (!MatB || !MatRes || dense_columns() != MatB->dense_rows()) return false;
+  multiply_sides(*MatB, Side::rows, Side::columns, *MatRes);
   Changed();
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::MultiplyTransposed(const BasicMatrix* MatB, BasicMatrix* MatRes)
-  requires RealCell<T>
-{
-  if (!MatB || !MatRes || FNCol != MatB->FNCol) return false;
-  store_product(*MatB, Side::rows, Side::rows, *MatRes);
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::MultiplyTransposed(const Self* MatB, Self* MatRes) {
+  if (!MatB || !MatRes || dense_columns() != MatB->dense_columns()) return false;
+  multiply_sides(*MatB, Side::rows, Side::rows, *MatRes);
   Changed();
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::TransposeAndMultiply(const BasicMatrix* MatB, BasicMatrix* MatRes) const
-  requires RealCell<T>
-{
-  if (!MatB || !MatRes || FNRow != MatB->FNRow) return false;
-  store_product(*MatB, Side::columns, Side::columns, *MatRes);
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::TransposeAndMultiply(const Self* MatB, Self* MatRes) const {
+  if (!MatB || !MatRes || dense_rows() != MatB->dense_rows()) return false;
+  multiply_sides(*MatB, Side::columns, Side::columns, *MatRes);
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::Multiply(const TVector* VecB, TVector* VecRes)
-  requires RealCell<T>
-{
-  if (!VecB || !VecRes || FNCol != VecB->NrOfElem()) return false;
-  std::vector<Double> sums(zor::detail::to_size(FNRow), 0.0);
-  for (Integer k = 1; k <= FNCol; ++k) kernels::axpy(VecB->GetVal(k), Column(k), sums);
-  store(sums, *VecRes);
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::Multiply(const TVec* VecB, TVec* VecRes) {
+  if (!VecB || !VecRes || dense_columns() != VecB->NrOfElem()) return false;
+  std::vector<T> sums(zor::detail::to_size(dense_rows()), T{0});
+  for (Integer k = 1; k <= dense_columns(); ++k) kernels::axpy(VecB->GetVal(k), Column(k), sums);
+  store<T>(sums, *VecRes);
   Changed();
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::TransposeAndMultiply(const TVector* VecB, TVector* VecRes) const
-  requires RealCell<T>
-{
-  if (!VecB || !VecRes || FNRow != VecB->NrOfElem()) return false;
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::TransposeAndMultiply(const TVec* VecB, TVec* VecRes) const {
+  if (!VecB || !VecRes || dense_rows() != VecB->NrOfElem()) return false;
   const std::span<const T> b = VecB->Cells();
-  std::vector<Double> sums;
+  std::vector<T> sums;
   sums.reserve(Mat.size());
   Integer c = 1;
-  for (; c + 3 <= FNCol; c += 4) {  // four chains at once
+  for (; c + 3 <= dense_columns(); c += 4) {  // four chains at once
     const T *p = Column(c).data(), *q = Column(c + 1).data(), *r = Column(c + 2).data(), *s = Column(c + 3).data();
-    Double sum_p = 0.0, sum_q = 0.0, sum_r = 0.0, sum_s = 0.0;
+    T sum_p = 0, sum_q = 0, sum_r = 0, sum_s = 0;
     for (std::size_t k = 0; k < b.size(); ++k) {
       sum_p += p[k] * b[k];
       sum_q += q[k] * b[k];
@@ -118,75 +113,67 @@ Boolean BasicMatrix<T>::TransposeAndMultiply(const TVector* VecB, TVector* VecRe
     }
     sums.insert(sums.end(), {sum_p, sum_q, sum_r, sum_s});
   }
-  for (; c <= FNCol; ++c) sums.push_back(kernels::dot_in_order(Column(c), b));
-  store(sums, *VecRes);
+  for (; c <= dense_columns(); ++c) sums.push_back(kernels::dot_in_order(Column(c), b));
+  store<T>(sums, *VecRes);
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::EMult(const BasicMatrix* MatB, BasicMatrix* MatRes)
-  requires RealCell<T>
-{
-  if (!MatB || !MatRes || FNCol != MatB->FNCol || FNRow != MatB->FNRow) return false;
-  T2DArray made = new_cells(*this, FNCol, FNRow);
-  for (Integer c = 1; c <= FNCol; ++c) kernels::multiply(Column(c), MatB->Column(c), made[c - 1]);
-  MatRes->store_result(made);
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::EMult(const Self* MatB, Self* MatRes) {
+  if (!MatB || !MatRes || dense_columns() != MatB->dense_columns() || dense_rows() != MatB->dense_rows()) return false;
+  T2DArray made = new_cells<T>(self(), dense_columns(), dense_rows());
+  for (Integer c = 1; c <= dense_columns(); ++c) kernels::multiply(Column(c), MatB->Column(c), made[c - 1]);
+  MatRes->write_result(made);
   Changed();
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::combine_with(const BasicMatrix* other,
-                                     void (*combine)(std::span<T> cells, std::span<const T> others)) {
-  if (!other || FNCol != other->FNCol || FNRow != other->FNRow) return false;
-  for (Integer c = 1; c <= FNCol; ++c) combine(Mat[c - 1], other->Column(c));
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::combine_with(const Self* other,
+                                          void (*combine)(std::span<T> cells, std::span<const T> others)) {
+  if (!other || dense_columns() != other->dense_columns() || dense_rows() != other->dense_rows()) return false;
+  for (Integer c = 1; c <= dense_columns(); ++c) combine(Mat[c - 1], other->Column(c));
   Changed();
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::Add(const BasicMatrix* MatB)
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::Add(const Self* MatB) {
   return combine_with(MatB, kernels::add);
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::Subtract(const BasicMatrix* MatB)
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::Subtract(const Self* MatB) {
   return combine_with(MatB, kernels::subtract);
 }
 
-template <Cell T>
-void BasicMatrix<T>::SMult(Double Scalar)
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+void MatrixCore<Self, T>::SMult(T Scalar) {
   for_columns([Scalar](std::span<T> column) { kernels::scale(column, Scalar); });
   Changed();
 }
 
-template <Cell T>
-void BasicMatrix<T>::SAdd(Double Scalar)
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+void MatrixCore<Self, T>::SAdd(T Scalar) {
   for_columns([Scalar](std::span<T> column) { kernels::shift(column, Scalar); });
   Changed();
 }
 
-template void BasicMatrix<Double>::store_result(TDouble2DArray&);
-template void BasicMatrix<Double>::store_product(const TMatrix&, Side, Side, TMatrix&) const;
-template Boolean BasicMatrix<Double>::Multiply(const TMatrix*, TMatrix*);
-template Boolean BasicMatrix<Double>::MultiplyTransposed(const TMatrix*, TMatrix*);
-template Boolean BasicMatrix<Double>::TransposeAndMultiply(const TMatrix*, TMatrix*) const;
-template Boolean BasicMatrix<Double>::Multiply(const TVector*, TVector*);
-template Boolean BasicMatrix<Double>::TransposeAndMultiply(const TVector*, TVector*) const;
-template Boolean BasicMatrix<Double>::EMult(const TMatrix*, TMatrix*);
-template Boolean BasicMatrix<Double>::combine_with(const TMatrix*,
-                                                   void (*)(std::span<Double>, std::span<const Double>));
-template Boolean BasicMatrix<Double>::Add(const TMatrix*);
-template Boolean BasicMatrix<Double>::Subtract(const TMatrix*);
-template void BasicMatrix<Double>::SMult(Double);
-template void BasicMatrix<Double>::SAdd(Double);
+#define ZOR_INSTANCES(M, T)                                                                              \
+  template void MatrixCore<M, T>::write_result(T2DArray&);                                               \
+  template void MatrixCore<M, T>::multiply_sides(const M&, Side, Side, M&) const;                        \
+  template Boolean MatrixCore<M, T>::Multiply(const M*, M*);                                             \
+  template Boolean MatrixCore<M, T>::MultiplyTransposed(const M*, M*);                                   \
+  template Boolean MatrixCore<M, T>::TransposeAndMultiply(const M*, M*) const;                           \
+  template Boolean MatrixCore<M, T>::Multiply(const TVec*, TVec*);                                       \
+  template Boolean MatrixCore<M, T>::TransposeAndMultiply(const TVec*, TVec*) const;                     \
+  template Boolean MatrixCore<M, T>::EMult(const M*, M*);                                                \
+  template Boolean MatrixCore<M, T>::combine_with(const M*, void (*)(std::span<T>, std::span<const T>)); \
+  template Boolean MatrixCore<M, T>::Add(const M*);                                                      \
+  template Boolean MatrixCore<M, T>::Subtract(const M*);                                                 \
+  template void MatrixCore<M, T>::SMult(T);                                                              \
+  template void MatrixCore<M, T>::SAdd(T);
+
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

@@ -11,9 +11,9 @@
 
 namespace ZOR_matrix {
 
-template <Cell T>
-auto BasicMatrix<T>::copy_of_range(Bounds cols, Bounds rows) const -> TArray {
-  return zor::detail::heap_guard(*this, [&] {
+template <class Self, Cell T>
+auto MatrixCore<Self, T>::copy_of_range(Bounds cols, Bounds rows) const -> TArray {
+  return zor::detail::heap_guard(self(), [&] {
     TArray work;
     zor::detail::set_length_unset(work, cols.size() * rows.size());
     auto to = work.begin();
@@ -22,11 +22,9 @@ auto BasicMatrix<T>::copy_of_range(Bounds cols, Bounds rows) const -> TArray {
   });
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::Quartiles(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Q1,
-                                  Double& Q2, Double& Q3) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::Quartiles(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Q1,
+                                       Double& Q2, Double& Q3) const {
   Q1 = Q2 = Q3 = 0.0;
   TArray work = copy_of_range(columns(LowCol, HighCol), rows(LowRow, HighRow));
   const std::array<Double, 3> q = zor::detail::quartiles(std::span<T>(work));
@@ -36,26 +34,23 @@ Boolean BasicMatrix<T>::Quartiles(Integer LowCol, Integer LowRow, Integer HighCo
   return true;
 }
 
-template <Cell T>
-Double BasicMatrix<T>::Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+Double MatrixCore<Self, T>::Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol,
+                                       Integer HighRow) const {
   if (std::isnan(prob)) return prob;
   TArray work = copy_of_range(columns(LowCol, HighCol), rows(LowRow, HighRow));
   return zor::detail::nearest_percentile(std::span<T>(work), prob);
 }
 
-template <Cell T>
-Double BasicMatrix<T>::Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
-                                  Integer SampleSize) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+Double MatrixCore<Self, T>::Percentile(Double prob, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
+                                       Integer SampleSize) const {
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   const std::size_t n = cols.size() * within.size();
   if (std::isnan(prob) || SampleSize < 1 || static_cast<std::size_t>(SampleSize) >= n)
     return Percentile(prob, cols.lo, within.lo, cols.hi, within.hi);
   ZOR_runtime::Randomize();
-  TArray sample = zor::detail::heap_guard(*this, [&] {
+  TArray sample = zor::detail::heap_guard(self(), [&] {
     TArray drawn;
     SetLength(drawn, SampleSize);
     return drawn;
@@ -73,11 +68,9 @@ Double BasicMatrix<T>::Percentile(Double prob, Integer LowCol, Integer LowRow, I
   return zor::detail::nearest_percentile(std::span<T>(sample), prob);
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::CountValues(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, Double RangeLow,
-                                    Double RangeHigh) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::CountValues(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, T RangeLow,
+                                         T RangeHigh) const {
   std::size_t count = 0;
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow), [&](std::span<const T> column) {
     for (const T x : column) count += static_cast<std::size_t>((RangeLow <= x) & (x <= RangeHigh));
@@ -85,17 +78,14 @@ Integer BasicMatrix<T>::CountValues(Integer LowCol, Integer HighCol, Integer Low
   return zor::detail::to_integer(count);
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
-                                  Double BinWidth, TIntArray& Histo, Integer& Underflow, Integer& Overflow,
-                                  Integer& MaxCnt) const
-  requires RealCell<T>
-{
+Boolean TMatrix::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
+                           Double BinWidth, TIntArray& Histo, Integer& Underflow, Integer& Overflow,
+                           Integer& MaxCnt) const {
   zor::detail::BinCounter<Double> bins(FirstBin, LastBin, BinWidth, ZOR_vector::kMaxBins);
   if (!bins.valid()) return false;
   bins.start(Histo);
-  for_columns(columns(LoX, HiX), rows(LoY, HiY), [&](std::span<const T> column) {
-    for (const T x : column) bins.put(x);
+  for_columns(columns(LoX, HiX), rows(LoY, HiY), [&](std::span<const Double> column) {
+    for (const Double x : column) bins.put(x);
   });
   Underflow = bins.underflow;
   Overflow = bins.overflow;
@@ -103,12 +93,9 @@ Boolean BasicMatrix<T>::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
-                                  Double BinWidth, TIntVector* Histo, Integer& Underflow, Integer& Overflow,
-                                  Integer& MaxCnt) const
-  requires RealCell<T>
-{
+Boolean TMatrix::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,
+                           Double BinWidth, TIntVector* Histo, Integer& Underflow, Integer& Overflow,
+                           Integer& MaxCnt) const {
   TIntArray counts;
   if (!Histo || !Histogram(LoX, LoY, HiX, HiY, FirstBin, LastBin, BinWidth, counts, Underflow, Overflow, MaxCnt)) {
     return false;
@@ -119,17 +106,16 @@ Boolean BasicMatrix<T>::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer
   return true;
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::Dichotomize(Double Threshold, TBool2DArray& ResultArray) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::Dichotomize(T Threshold, TBool2DArray& ResultArray) const {
   TBool2DArray above;
-  SetLength(above, FNCol, FNRow);
+  SetLength(above, dense_columns(), dense_rows());
   std::size_t count = 0;
-  for (Integer c = 0; c < FNCol; ++c) {
-    for (Integer r = 0; r < FNRow; ++r) {
-      const Boolean is_above = Mat[c][r] > Threshold;
-      above[c][r] = is_above;
+  for (Integer c = 0; c < dense_columns(); ++c) {
+    Boolean* to = above[c].data();
+    for (const T x : Mat[c]) {
+      const Boolean is_above = x > Threshold;
+      *to++ = is_above;
       count += is_above;
     }
   }
@@ -137,15 +123,14 @@ Integer BasicMatrix<T>::Dichotomize(Double Threshold, TBool2DArray& ResultArray)
   return zor::detail::to_integer(count);
 }
 
-template auto BasicMatrix<Double>::copy_of_range(Bounds, Bounds) const -> TArray;
-template Boolean BasicMatrix<Double>::Quartiles(Integer, Integer, Integer, Integer, Double&, Double&, Double&) const;
-template Double BasicMatrix<Double>::Percentile(Double, Integer, Integer, Integer, Integer) const;
-template Double BasicMatrix<Double>::Percentile(Double, Integer, Integer, Integer, Integer, Integer) const;
-template Integer BasicMatrix<Double>::CountValues(Integer, Integer, Integer, Integer, Double, Double) const;
-template Boolean BasicMatrix<Double>::Histogram(Integer, Integer, Integer, Integer, Double, Double, Double, TIntArray&,
-                                                Integer&, Integer&, Integer&) const;
-template Boolean BasicMatrix<Double>::Histogram(Integer, Integer, Integer, Integer, Double, Double, Double, TIntVector*,
-                                                Integer&, Integer&, Integer&) const;
-template Integer BasicMatrix<Double>::Dichotomize(Double, TBool2DArray&) const;
+#define ZOR_INSTANCES(M, T)                                                                                          \
+  template auto MatrixCore<M, T>::copy_of_range(Bounds, Bounds) const->TArray;                                       \
+  template Boolean MatrixCore<M, T>::Quartiles(Integer, Integer, Integer, Integer, Double&, Double&, Double&) const; \
+  template Double MatrixCore<M, T>::Percentile(Double, Integer, Integer, Integer, Integer) const;                    \
+  template Double MatrixCore<M, T>::Percentile(Double, Integer, Integer, Integer, Integer, Integer) const;           \
+  template Integer MatrixCore<M, T>::CountValues(Integer, Integer, Integer, Integer, T, T) const;                    \
+  template Integer MatrixCore<M, T>::Dichotomize(T, TBool2DArray&) const;
+
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

@@ -20,10 +20,7 @@ Integer share(Integer n, Double percent) {
 
 }  // namespace
 
-template <Cell T>
-Integer BasicMatrix<T>::Diff(Integer Order, TApplyColRow Mode)
-  requires RealCell<T>
-{
+Integer TMatrix::Diff(Integer Order, TApplyColRow Mode) {
   if (Order < 1 || Order > 10) return kBadOrder;
   const Boolean down = Mode == acrColumns;
   if ((down ? FNRow : FNCol) <= Order) return kTooFewCells;
@@ -34,28 +31,25 @@ Integer BasicMatrix<T>::Diff(Integer Order, TApplyColRow Mode)
     for (Integer c = 0; c < FNCol; ++c) std::copy(Mat[c].begin(), Mat[c].end(), work[c].begin());
     for (Integer pass = 1; pass <= Order; ++pass) {
       for (Integer c = 0; c < FNCol; ++c) {
-        const std::span<T> column(work[c]);
+        const std::span<Double> column(work[c]);
         if (down) {
           for (std::size_t r = 0; r + 1 < column.size(); ++r) column[r] = column[r + 1] - column[r];
         } else if (c + 1 < FNCol) {
-          const std::span<const T> next(work[c + 1]);
+          const std::span<const Double> next(work[c + 1]);
           for (std::size_t r = 0; r < column.size(); ++r) column[r] = next[r] - column[r];
         }
       }
     }
     SetLength(work, cols, rows);
-    replace_cells(work);
+    renew_cells(work);
   });
   Changed();
   Resized();
   return 0;
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::ResampleExtMat(const BasicMatrix* SrcMat, Double colpct, Double rowpct, Boolean BootStrap,
-                                       TIntArray& RndColIx, TIntArray& RndRowIx)
-  requires RealCell<T>
-{
+Integer TMatrix::ResampleExtMat(const TMatrix* SrcMat, Double colpct, Double rowpct, Boolean BootStrap,
+                                TIntArray& RndColIx, TIntArray& RndRowIx) {
   if (!SrcMat) return kNoSourceMatrix;
   const T2DArray source = SrcMat->Mat;  // the same cells: this matrix gets new ones
   const Integer source_cols = Length(source), source_rows = Length(source[0]);
@@ -77,21 +71,17 @@ Integer BasicMatrix<T>::ResampleExtMat(const BasicMatrix* SrcMat, Double colpct,
   T2DArray drawn;
   zor::detail::heap_guard(*this, [&] { zor::detail::set_length_unset(drawn, col_ix.size(), row_ix.size()); });
   for (Integer i = 0; i < cols; ++i) {
-    const T* const from = source[col_ix[i] - 1].data();
+    const Double* const from = source[col_ix[i] - 1].data();
     std::transform(row_ix.begin(), row_ix.end(), drawn[i].begin(), [from](Integer row) { return from[row - 1]; });
   }
   RndColIx.swap(col_ix);
   RndRowIx.swap(row_ix);
   Resize(cols, rows);
-  store_block(
+  write_block(
       cols, rows, [&](Int64 i) { return drawn[i].data(); }, 1, 1);
   Changed();
   Resized();
   return 0;
 }
-
-template Integer BasicMatrix<Double>::Diff(Integer, TApplyColRow);
-template Integer BasicMatrix<Double>::ResampleExtMat(const BasicMatrix*, Double, Double, Boolean, TIntArray&,
-                                                     TIntArray&);
 
 }  // namespace ZOR_matrix

@@ -61,20 +61,19 @@ void tell(TVector* vector, const std::vector<Scaling>& used, Double Scaling::*va
 
 }  // namespace
 
-template <Cell T>
-TDynArray<const T*> BasicMatrix<T>::column_pointers() const {
+template <class Self, Cell T>
+TDynArray<const T*> MatrixCore<Self, T>::column_pointers() const {
   TDynArray<const T*> pointers;
-  SetLength(pointers, FNCol);
-  for (Integer c = 0; c < FNCol; ++c) pointers[c] = Mat[c].data();
+  SetLength(pointers, dense_columns());
+  for (Integer c = 0; c < dense_columns(); ++c) pointers[c] = Mat[c].data();
   return pointers;
 }
 
-template <Cell T>
 template <class Rule>
-void BasicMatrix<T>::scale_columns(TVector* centers, TVector* scales, Rule&& rule) {
+void TMatrix::scale_columns(TVector* centers, TVector* scales, Rule&& rule) {
   std::vector<Scaling> used;
   used.reserve(Mat.size());
-  for_columns([&](std::span<T> column) {
+  for_columns([&](std::span<Double> column) {
     const Scaling s = used.emplace_back(rule(column));
     if (s.kind == Scaling::Kind::kDivide) kernels::shift_scale(column, s.center, s.scale);
     if (s.kind == Scaling::Kind::kCenter) kernels::shift(column, -s.center);
@@ -84,22 +83,21 @@ void BasicMatrix<T>::scale_columns(TVector* centers, TVector* scales, Rule&& rul
   Changed();
 }
 
-template <Cell T>
 template <class Rule>
-void BasicMatrix<T>::scale_rows(TVector* centers, TVector* scales, Rule&& rule) {
-  const TDynArray<const T*> columns = column_pointers();
+void TMatrix::scale_rows(TVector* centers, TVector* scales, Rule&& rule) {
+  const TDynArray<const Double*> columns = column_pointers();
   const auto n = static_cast<std::size_t>(FNRow);
   std::vector<Scaling> used;
   used.reserve(n);
-  zor::detail::for_rows(std::span<const T* const>(columns), 0, n,
-                        [&](std::size_t, std::span<const T> row) { used.push_back(rule(row)); });
+  zor::detail::for_rows(std::span<const Double* const>(columns), 0, n,
+                        [&](std::size_t, std::span<const Double> row) { used.push_back(rule(row)); });
   // A row that stays is centred at 0 and divided by 1, which keeps every bit; so is nothing asked for a cell.
   std::vector<Double> center(n), scale(n);
   for (std::size_t r = 0; r < n; ++r) {
     center[r] = used[r].kind == Scaling::Kind::kKeep ? 0.0 : used[r].center;
     scale[r] = used[r].kind == Scaling::Kind::kDivide ? used[r].scale : 1.0;
   }
-  for_columns([&](std::span<T> column) {
+  for_columns([&](std::span<Double> column) {
     for (std::size_t r = 0; r < n; ++r) column[r] = (column[r] - center[r]) / scale[r];
   });
   tell(centers, used, &Scaling::center);
@@ -107,54 +105,24 @@ void BasicMatrix<T>::scale_rows(TVector* centers, TVector* scales, Rule&& rule) 
   Changed();
 }
 
-template <Cell T>
-void BasicMatrix<T>::MeanCenterColumns(TVector* Means)
-  requires RealCell<T>
-{
-  scale_columns(Means, nullptr, centering);
-}
+void TMatrix::MeanCenterColumns(TVector* Means) { scale_columns(Means, nullptr, centering); }
 
-template <Cell T>
-void BasicMatrix<T>::MeanCenterRows(TVector* Means)
-  requires RealCell<T>
-{
-  scale_rows(Means, nullptr, centering);
-}
+void TMatrix::MeanCenterRows(TVector* Means) { scale_rows(Means, nullptr, centering); }
 
-template <Cell T>
-void BasicMatrix<T>::StandardizeColumns(TVector* Means, TVector* StdDevs)
-  requires RealCell<T>
-{
-  scale_columns(Means, StdDevs, standardizing);
-}
+void TMatrix::StandardizeColumns(TVector* Means, TVector* StdDevs) { scale_columns(Means, StdDevs, standardizing); }
 
-template <Cell T>
-void BasicMatrix<T>::StandardizeRows(TVector* Means, TVector* StdDevs)
-  requires RealCell<T>
-{
-  scale_rows(Means, StdDevs, standardizing);
-}
+void TMatrix::StandardizeRows(TVector* Means, TVector* StdDevs) { scale_rows(Means, StdDevs, standardizing); }
 
-template <Cell T>
-void BasicMatrix<T>::QNormalizeColumns(Double RefQuant, TVector* Medians, TVector* QuantDiffs)
-  requires RealCell<T>
-{
+void TMatrix::QNormalizeColumns(Double RefQuant, TVector* Medians, TVector* QuantDiffs) {
   scale_columns(Medians, QuantDiffs, QuantileNormalizing(RefQuant, FNRow));
 }
 
-template <Cell T>
-void BasicMatrix<T>::QNormalizeRows(Double RefQuant, TVector* Medians, TVector* QuantDiffs)
-  requires RealCell<T>
-{
+void TMatrix::QNormalizeRows(Double RefQuant, TVector* Medians, TVector* QuantDiffs) {
   scale_rows(Medians, QuantDiffs, QuantileNormalizing(RefQuant, FNCol));
 }
 
-template TDynArray<const Double*> BasicMatrix<Double>::column_pointers() const;
-template void BasicMatrix<Double>::MeanCenterColumns(TVector*);
-template void BasicMatrix<Double>::MeanCenterRows(TVector*);
-template void BasicMatrix<Double>::StandardizeColumns(TVector*, TVector*);
-template void BasicMatrix<Double>::StandardizeRows(TVector*, TVector*);
-template void BasicMatrix<Double>::QNormalizeColumns(Double, TVector*, TVector*);
-template void BasicMatrix<Double>::QNormalizeRows(Double, TVector*, TVector*);
+#define ZOR_INSTANCES(M, T) template TDynArray<const T*> MatrixCore<M, T>::column_pointers() const;
+
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

@@ -8,9 +8,9 @@
 
 namespace ZOR_matrix {
 
-template <Cell T>
-void BasicMatrix<T>::Find(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, T Value, Integer& ColIx,
-                          Integer& RowIx) const {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::Find(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, T Value,
+                               Integer& ColIx, Integer& RowIx) const {
   std::conditional_t<RealCell<T>, Double, Int64> difference = 0;
   if constexpr (RealCell<T>) {
     difference = ZOR_univconst::uc_MaxDouble;
@@ -30,17 +30,17 @@ void BasicMatrix<T>::Find(Integer LowCol, Integer HighCol, Integer LowRow, Integ
   });
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::FindInSortedColumn(Integer Col, Boolean ColIsAscending, T Value) const {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::FindInSortedColumn(Integer Col, Boolean ColIsAscending, T Value) const {
   const std::span<const T> column = Column(Col);
   if (column.empty()) return 0;
   return 1 + static_cast<Integer>(zor::detail::nearest_in_sorted(column, ColIsAscending, Value));
 }
 
-#define ZOR_INSTANCES(T)                                                                               \
-  template void BasicMatrix<T>::Find(Integer, Integer, Integer, Integer, T, Integer&, Integer&) const; \
-  template Integer BasicMatrix<T>::FindInSortedColumn(Integer, Boolean, T) const;
+#define ZOR_INSTANCES(M, T)                                                                              \
+  template void MatrixCore<M, T>::Find(Integer, Integer, Integer, Integer, T, Integer&, Integer&) const; \
+  template Integer MatrixCore<M, T>::FindInSortedColumn(Integer, Boolean, T) const;
 
-ZOR_INSTANCES(Double)
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

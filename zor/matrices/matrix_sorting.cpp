@@ -11,16 +11,17 @@ namespace ZOR_matrix {
 
 namespace kernels = zor::kernels;
 
-template <Cell T>
-void BasicMatrix<T>::exchange_cells(Integer c1, Integer r1, Integer c2, Integer r2) noexcept {
-  if (c1 <= FNCol && c2 <= FNCol && r1 <= FNRow && r2 <= FNRow) std::swap(Mat[c1 - 1][r1 - 1], Mat[c2 - 1][r2 - 1]);
+template <class Self, Cell T>
+void MatrixCore<Self, T>::exchange_cells(Integer c1, Integer r1, Integer c2, Integer r2) noexcept {
+  if (c1 <= dense_columns() && c2 <= dense_columns() && r1 <= dense_rows() && r2 <= dense_rows())
+    std::swap(Mat[c1 - 1][r1 - 1], Mat[c2 - 1][r2 - 1]);
 }
 
 // Without a handler keys are sorted first, then apply(from) moves each line once. A handler sees each exchange; it
 // may resize the matrix, and a line that is gone is in order.
-template <Cell T>
+template <class Self, Cell T>
 template <class Key, class Exchange, class Apply>
-void BasicMatrix<T>::sort_lines(Bounds lines, Boolean ascending, Key key, Exchange exchange, Apply apply) {
+void MatrixCore<Self, T>::sort_lines(Bounds lines, Boolean ascending, Key key, Exchange exchange, Apply apply) {
   const std::size_t n = lines.size();
   const auto line = [lines](std::size_t i) { return lines.lo + static_cast<Integer>(i); };
   if (!OnSortExchange) {
@@ -42,13 +43,11 @@ void BasicMatrix<T>::sort_lines(Bounds lines, Boolean ascending, Key key, Exchan
   Changed();
 }
 
-template <Cell T>
-void BasicMatrix<T>::SortRows(Integer SortColIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol,
-                              Integer HighRow)
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+void MatrixCore<Self, T>::SortRows(Integer SortColIx, Boolean Ascending, Integer LowCol, Integer LowRow,
+                                   Integer HighCol, Integer HighRow) {
   const Bounds cols = columns(LowCol, HighCol), lines = rows(LowRow, HighRow);
-  if (SortColIx < 1 || SortColIx > FNCol || lines.lo == lines.hi) return;
+  if (SortColIx < 1 || SortColIx > dense_columns() || lines.lo >= lines.hi) return;
   const Boolean outside = SortColIx < cols.lo || SortColIx > cols.hi;
   const auto key = [&](Integer row) -> const T* {
     const std::span<const T> column = Column(SortColIx);
@@ -71,13 +70,11 @@ void BasicMatrix<T>::SortRows(Integer SortColIx, Boolean Ascending, Integer LowC
   sort_lines(lines, Ascending, key, exchange, apply);
 }
 
-template <Cell T>
-void BasicMatrix<T>::SortCols(Integer SortRowIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol,
-                              Integer HighRow)
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+void MatrixCore<Self, T>::SortCols(Integer SortRowIx, Boolean Ascending, Integer LowCol, Integer LowRow,
+                                   Integer HighCol, Integer HighRow) {
   const Bounds lines = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
-  if (SortRowIx < 1 || SortRowIx > FNRow || lines.lo == lines.hi) return;
+  if (SortRowIx < 1 || SortRowIx > dense_rows() || lines.lo >= lines.hi) return;
   const Boolean outside = SortRowIx < within.lo || SortRowIx > within.hi;
   const auto key = [&](Integer col) -> const T* {
     const std::span<const T> column = Column(col);
@@ -109,7 +106,10 @@ void BasicMatrix<T>::SortCols(Integer SortRowIx, Boolean Ascending, Integer LowC
   sort_lines(lines, Ascending, key, exchange, apply);
 }
 
-template void BasicMatrix<Double>::SortRows(Integer, Boolean, Integer, Integer, Integer, Integer);
-template void BasicMatrix<Double>::SortCols(Integer, Boolean, Integer, Integer, Integer, Integer);
+#define ZOR_INSTANCES(M, T)                                                                       \
+  template void MatrixCore<M, T>::SortRows(Integer, Boolean, Integer, Integer, Integer, Integer); \
+  template void MatrixCore<M, T>::SortCols(Integer, Boolean, Integer, Integer, Integer, Integer);
+
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

@@ -144,13 +144,10 @@ bool square_on_workers(GramWork& work, Integer count) {
 
 }  // namespace
 
-template <Cell T>
-Boolean BasicMatrix<T>::Square(BasicMatrix* MatRes, Double Norm, Integer NThreads) const
-  requires RealCell<T>
-{
+Boolean TMatrix::Square(TMatrix* MatRes, Double Norm, Integer NThreads) const {
   if (!MatRes || MatRes == this || Norm == 0.0 || !std::isfinite(Norm)) return false;
   const T2DArray held = Mat;  // the cells stay while handlers run
-  const TDynArray<const T*> columns = column_pointers();
+  const TDynArray<const Double*> columns = column_pointers();
   const Integer n = FNCol, rows = FNRow;
   MatRes->Resize(n, n);
   T2DArray made;
@@ -159,18 +156,12 @@ Boolean BasicMatrix<T>::Square(BasicMatrix* MatRes, Double Norm, Integer NThread
   const Integer threads = (std::min)({NThreads, CPUCount(), n});
   GramWork work(columns, rows, Norm, block_for(threads), made);
   if (!(threads > 1 ? square_on_workers(work, threads) : square_here(work))) return false;
-  if (MatRes->FNCol == n && MatRes->FNRow == n) MatRes->set_cells(made);
+  if (MatRes->FNCol == n && MatRes->FNRow == n) MatRes->swap_cells(made);
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::Square(BasicMatrix* MatRes, Double Norm) const
-  requires RealCell<T>
-{
+Boolean TMatrix::Square(TMatrix* MatRes, Double Norm) const {
   return Square(MatRes, Norm, (std::max)(CPUCount() - 1, 1));
 }
-
-template Boolean BasicMatrix<Double>::Square(TMatrix*, Double, Integer) const;
-template Boolean BasicMatrix<Double>::Square(TMatrix*, Double) const;
 
 }  // namespace ZOR_matrix

@@ -14,21 +14,17 @@ namespace ZOR_matrix {
 
 namespace kernels = zor::kernels;
 
-template <Cell T>
-Double BasicMatrix<T>::Sum(Integer LoC, Integer LoR, Integer HiC, Integer HiR) const
-  requires RealCell<T>
-{
-  Double sum = 0.0;
+template <class Self, Cell T>
+T MatrixCore<Self, T>::Sum(Integer LoC, Integer LoR, Integer HiC, Integer HiR) const {
+  T sum = 0;
   for_columns(columns(LoC, HiC), rows(LoR, HiR),
               [&](std::span<const T> column) { sum = kernels::sum_in_order(column, sum); });
   return sum;
 }
 
-template <Cell T>
-void BasicMatrix<T>::MeanVar(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean,
-                             Double& Variance) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+void MatrixCore<Self, T>::MeanVar(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean,
+                                  Double& Variance) const {
   kernels::MomentSums sums;
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
               [&](std::span<const T> column) { kernels::accumulate(sums, column); });
@@ -37,28 +33,24 @@ void BasicMatrix<T>::MeanVar(Integer LowCol, Integer LowRow, Integer HighCol, In
   Variance = result.n < 3 ? 1.0 : result.variance;
 }
 
-template <Cell T>
-void BasicMatrix<T>::MinMax(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Minimum,
-                            Double& Maximum) const
-  requires RealCell<T>
-{
-  kernels::Extremes<Double> extremes{ZOR_univconst::uc_MaxReal, -ZOR_univconst::uc_MaxReal};
+template <class Self, Cell T>
+void MatrixCore<Self, T>::MinMax(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, T& Minimum,
+                                 T& Maximum) const {
+  kernels::Extremes<T> extremes{ZOR_univconst::uc_MaxReal, -ZOR_univconst::uc_MaxReal};
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
               [&](std::span<const T> column) { kernels::min_max(column, extremes); });
   Minimum = extremes.minimum;
   Maximum = extremes.maximum;
 }
 
-template <Cell T>
-Double BasicMatrix<T>::GeometricMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+Double MatrixCore<Self, T>::GeometricMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const {
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   Boolean zero = false;
   Double logarithms = 0.0;
   for_columns(cols, within, [&](std::span<const T> column) {
     for (const T x : column) {
-      if (x < 0) zor::detail::Fail<EZORMatrixError>(*this, "negative argument passed to GeometricMean");
+      if (x < 0) zor::detail::Fail<EZORMatrixError>(self(), "negative argument passed to GeometricMean");
       if (x == 0) {
         zero = true;
       } else {
@@ -70,26 +62,22 @@ Double BasicMatrix<T>::GeometricMean(Integer LowCol, Integer LowRow, Integer Hig
   return std::exp(logarithms / static_cast<Double>(within.size()) / static_cast<Double>(cols.size()));
 }
 
-template <Cell T>
-Double BasicMatrix<T>::HarmonicMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+Double MatrixCore<Self, T>::HarmonicMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const {
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   Double reciprocals = 0.0;
   for_columns(cols, within, [&](std::span<const T> column) {
     for (const T x : column) {
-      if (x <= 0) zor::detail::Fail<EZORMatrixError>(*this, "negative or zero argument passed to HarmonicMean");
+      if (x <= 0) zor::detail::Fail<EZORMatrixError>(self(), "negative or zero argument passed to HarmonicMean");
       reciprocals += 1.0 / x;
     }
   });
   return static_cast<Double>(cols.size()) * static_cast<Double>(within.size()) / reciprocals;
 }
 
-template <Cell T>
-void BasicMatrix<T>::SkewKurt(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Skewness,
-                              Double& Kurtosis) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+void MatrixCore<Self, T>::SkewKurt(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Skewness,
+                                   Double& Kurtosis) const {
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   const Double n = static_cast<Double>(cols.size()) * static_cast<Double>(within.size());
   Skewness = Kurtosis = 0.0;
@@ -102,11 +90,9 @@ void BasicMatrix<T>::SkewKurt(Integer LowCol, Integer LowRow, Integer HighCol, I
   Kurtosis = result.kurtosis;
 }
 
-template <Cell T>
-void BasicMatrix<T>::SkewKurtSample(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Skewness,
-                                    Double& Kurtosis) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+void MatrixCore<Self, T>::SkewKurtSample(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow,
+                                         Double& Skewness, Double& Kurtosis) const {
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   const Double n = static_cast<Double>(cols.size()) * static_cast<Double>(within.size());
   SkewKurt(cols.lo, within.lo, cols.hi, within.hi, Skewness, Kurtosis);
@@ -116,18 +102,16 @@ void BasicMatrix<T>::SkewKurtSample(Integer LowCol, Integer LowRow, Integer High
   Kurtosis = sample.kurtosis;
 }
 
-template <Cell T>
-void BasicMatrix<T>::MeanVec(TDims Dim, TVector* Means) const
-  requires RealCell<T>
-{
+template <class Self, Cell T>
+void MatrixCore<Self, T>::MeanVec(TDims Dim, TVector* Means) const {
   if (!Means) return;
   TDoubleArray means;
-  SetLength(means, Dim == dimCols ? FNCol : FNRow);
+  SetLength(means, Dim == dimCols ? dense_columns() : dense_rows());
   if (Dim == dimCols) {
     // The sum of a column is one chain of additions: eight of them at a time keep the processor busy.
     constexpr std::size_t kChains = 8;
     const TDynArray<const T*> column = column_pointers();
-    const auto cols = column.size(), down = static_cast<std::size_t>(FNRow);
+    const auto cols = column.size(), down = static_cast<std::size_t>(dense_rows());
     std::size_t c = 0;
     for (; c + kChains <= cols; c += kChains) {
       Double sum[kChains] = {};
@@ -146,17 +130,14 @@ void BasicMatrix<T>::MeanVec(TDims Dim, TVector* Means) const
         kernels::add(sums.subspan(r, count), std::span<const T>(column).subspan(r, count));
     }
   }
-  const Double n = Dim == dimCols ? FNRow : FNCol;
+  const Double n = Dim == dimCols ? dense_rows() : dense_columns();
   for (Double& x : means) x /= n;
   Means->SetNrOfElem(Length(means));
   const auto edit = Means->Edit();
   std::copy_n(means.begin(), std::min(means.size(), edit.cells().size()), edit.begin());
 }
 
-template <Cell T>
-Double BasicMatrix<T>::Correlate(const BasicMatrix* OtherMat) const
-  requires RealCell<T>
-{
+Double TMatrix::Correlate(const TMatrix* OtherMat) const {
   if (!OtherMat || OtherMat->FNCol != FNCol || OtherMat->FNRow != FNRow) {
     zor::detail::Fail<EZORMatrixError>(*this, "matrices do not match");
   }
@@ -166,14 +147,16 @@ Double BasicMatrix<T>::Correlate(const BasicMatrix* OtherMat) const
   return moments.n < 3 ? 0.0 : zor::detail::correlation(moments);
 }
 
-template Double BasicMatrix<Double>::Sum(Integer, Integer, Integer, Integer) const;
-template void BasicMatrix<Double>::MeanVar(Integer, Integer, Integer, Integer, Double&, Double&) const;
-template void BasicMatrix<Double>::MinMax(Integer, Integer, Integer, Integer, Double&, Double&) const;
-template Double BasicMatrix<Double>::GeometricMean(Integer, Integer, Integer, Integer) const;
-template Double BasicMatrix<Double>::HarmonicMean(Integer, Integer, Integer, Integer) const;
-template void BasicMatrix<Double>::SkewKurt(Integer, Integer, Integer, Integer, Double&, Double&) const;
-template void BasicMatrix<Double>::SkewKurtSample(Integer, Integer, Integer, Integer, Double&, Double&) const;
-template void BasicMatrix<Double>::MeanVec(TDims, TVector*) const;
-template Double BasicMatrix<Double>::Correlate(const BasicMatrix*) const;
+#define ZOR_INSTANCES(M, T)                                                                                   \
+  template T MatrixCore<M, T>::Sum(Integer, Integer, Integer, Integer) const;                                 \
+  template void MatrixCore<M, T>::MeanVar(Integer, Integer, Integer, Integer, Double&, Double&) const;        \
+  template void MatrixCore<M, T>::MinMax(Integer, Integer, Integer, Integer, T&, T&) const;                   \
+  template Double MatrixCore<M, T>::GeometricMean(Integer, Integer, Integer, Integer) const;                  \
+  template Double MatrixCore<M, T>::HarmonicMean(Integer, Integer, Integer, Integer) const;                   \
+  template void MatrixCore<M, T>::SkewKurt(Integer, Integer, Integer, Integer, Double&, Double&) const;       \
+  template void MatrixCore<M, T>::SkewKurtSample(Integer, Integer, Integer, Integer, Double&, Double&) const; \
+  template void MatrixCore<M, T>::MeanVec(TDims, TVector*) const;
+
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

@@ -26,8 +26,8 @@ T content_value(const TString& content) {
 
 }  // namespace
 
-template <Cell T>
-void BasicMatrix<T>::process_xml_cell(Integer col, Integer row, T value) {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::process_xml_cell(Integer col, Integer row, T value) {
   if (FirstCell) {
     FirstCell = false;
     Resize(FAuxCol, FAuxRow);
@@ -35,8 +35,8 @@ void BasicMatrix<T>::process_xml_cell(Integer col, Integer row, T value) {
   SetVal(col, row, value);
 }
 
-template <Cell T>
-Integer BasicMatrix<T>::ProcessXmlTag(TMatXmlTag Tag, const TString& Attr, const TString& Content) {
+template <class Self, Cell T>
+Integer MatrixCore<Self, T>::ProcessXmlTag(TMatXmlTag Tag, const TString& Attr, const TString& Content) {
   switch (Tag) {
     case xmlMatNumCols:
       FAuxCol = zor::detail::xml_number(Content);
@@ -61,11 +61,11 @@ Integer BasicMatrix<T>::ProcessXmlTag(TMatXmlTag Tag, const TString& Attr, const
   return kXmlBadTag;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::ReadFromOpenXMLFile(TTextFile& XMLFile, const TString& DataID) {
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::ReadFromOpenXMLFile(TTextFile& XMLFile, const TString& DataID) {
   constexpr std::array<std::string_view, 2> kIndices{"ix", "iy"};
   zor::detail::XmlMatrixReader reader(XMLFile, kIndices);
-  BasicMatrix made;
+  Self made;
   if (!reader.find(DataID, made.FDataID)) return false;
   // Before the first cell, and at the end of a matrix without cells, the announced size is judged.
   const auto size_fits = [&] {
@@ -93,12 +93,12 @@ Boolean BasicMatrix<T>::ReadFromOpenXMLFile(TTextFile& XMLFile, const TString& D
   }
   if (made.FNCol != made.FAuxCol || made.FNRow != made.FAuxRow) return false;
   FDataID = made.FDataID;
-  take_over(made.Mat);
+  renew_as_read(made.Mat);
   return true;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::ReadFromXMLStream(TStream* InStream, const TString& DataID) {
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::ReadFromXMLStream(TStream* InStream, const TString& DataID) {
   if (!InStream) return false;
   TTextFile file;
   file.AssignStream(InStream);
@@ -108,8 +108,8 @@ Boolean BasicMatrix<T>::ReadFromXMLStream(TStream* InStream, const TString& Data
   return result;
 }
 
-template <Cell T>
-Boolean BasicMatrix<T>::LoadFromXMLFile(const TString& FName, const TString& DataID) {
+template <class Self, Cell T>
+Boolean MatrixCore<Self, T>::LoadFromXMLFile(const TString& FName, const TString& DataID) {
   try {
     TTextFile file(FName);
     file.Reset();
@@ -119,8 +119,8 @@ Boolean BasicMatrix<T>::LoadFromXMLFile(const TString& FName, const TString& Dat
   }
 }
 
-template <Cell T>
-void BasicMatrix<T>::WriteToOpenXMLFile(TTextFile& XMLFile, Boolean CreateHeader, const TString& DataID) const {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::WriteToOpenXMLFile(TTextFile& XMLFile, Boolean CreateHeader, const TString& DataID) const {
   using zor::detail::kNumberBuffer;
   zor::detail::write_xml_begin(XMLFile, CreateHeader, DataID.empty() ? FDataID : DataID);
   zor::detail::write_xml_size(XMLFile, xmlMatNumCols, FNCol);
@@ -148,8 +148,8 @@ void BasicMatrix<T>::WriteToOpenXMLFile(TTextFile& XMLFile, Boolean CreateHeader
   zor::detail::write_xml_end(XMLFile);
 }
 
-template <Cell T>
-void BasicMatrix<T>::WriteToXMLStream(TStream* OutStream, Boolean CreateHeader, const TString& DataID) const {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::WriteToXMLStream(TStream* OutStream, Boolean CreateHeader, const TString& DataID) const {
   if (!OutStream) return;
   TTextFile file;
   file.AssignStream(OutStream);
@@ -158,24 +158,24 @@ void BasicMatrix<T>::WriteToXMLStream(TStream* OutStream, Boolean CreateHeader, 
   file.Close();
 }
 
-template <Cell T>
-void BasicMatrix<T>::SaveAsXMLFile(const TString& FName, const TString& DataID) const {
+template <class Self, Cell T>
+void MatrixCore<Self, T>::SaveAsXMLFile(const TString& FName, const TString& DataID) const {
   TTextFile file(FName);
   file.Rewrite();
   WriteToOpenXMLFile(file, true, DataID);
   file.Close();
 }
 
-#define ZOR_INSTANCES(T)                                                                       \
-  template void BasicMatrix<T>::process_xml_cell(Integer, Integer, T);                         \
-  template Integer BasicMatrix<T>::ProcessXmlTag(TMatXmlTag, const TString&, const TString&);  \
-  template Boolean BasicMatrix<T>::ReadFromOpenXMLFile(TTextFile&, const TString&);            \
-  template Boolean BasicMatrix<T>::ReadFromXMLStream(TStream*, const TString&);                \
-  template Boolean BasicMatrix<T>::LoadFromXMLFile(const TString&, const TString&);            \
-  template void BasicMatrix<T>::WriteToOpenXMLFile(TTextFile&, Boolean, const TString&) const; \
-  template void BasicMatrix<T>::WriteToXMLStream(TStream*, Boolean, const TString&) const;     \
-  template void BasicMatrix<T>::SaveAsXMLFile(const TString&, const TString&) const;
+#define ZOR_INSTANCES(M, T)                                                                      \
+  template void MatrixCore<M, T>::process_xml_cell(Integer, Integer, T);                         \
+  template Integer MatrixCore<M, T>::ProcessXmlTag(TMatXmlTag, const TString&, const TString&);  \
+  template Boolean MatrixCore<M, T>::ReadFromOpenXMLFile(TTextFile&, const TString&);            \
+  template Boolean MatrixCore<M, T>::ReadFromXMLStream(TStream*, const TString&);                \
+  template Boolean MatrixCore<M, T>::LoadFromXMLFile(const TString&, const TString&);            \
+  template void MatrixCore<M, T>::WriteToOpenXMLFile(TTextFile&, Boolean, const TString&) const; \
+  template void MatrixCore<M, T>::WriteToXMLStream(TStream*, Boolean, const TString&) const;     \
+  template void MatrixCore<M, T>::SaveAsXMLFile(const TString&, const TString&) const;
 
-ZOR_INSTANCES(Double)
+ZOR_INSTANCES(TMatrix, Double)
 
 }  // namespace ZOR_matrix

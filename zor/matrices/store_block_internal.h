@@ -30,9 +30,9 @@ inline std::pair<std::int64_t, std::int64_t> landing(std::int64_t count, std::in
 
 namespace ZOR_matrix {
 
-template <Cell T>
+template <class Self, Cell T>
 template <class ColumnAt>
-void BasicMatrix<T>::store_block(Int64 columns, Int64 rows, ColumnAt column_at, Int64 dest_col, Int64 dest_row) {
+void MatrixCore<Self, T>::write_block(Int64 columns, Int64 rows, ColumnAt column_at, Int64 dest_col, Int64 dest_row) {
   using From = std::remove_cvref_t<decltype(*column_at(Int64{}))>;
   using zor::detail::convert_cell;
   if (OnChange) {
@@ -46,8 +46,8 @@ void BasicMatrix<T>::store_block(Int64 columns, Int64 rows, ColumnAt column_at, 
     }
     return;
   }
-  const auto cols = zor::detail::landing(columns, dest_col, 1, FNCol);
-  const auto down = zor::detail::landing(rows, dest_row, 1, FNRow);
+  const auto cols = zor::detail::landing(columns, dest_col, 1, dense_columns());
+  const auto down = zor::detail::landing(rows, dest_row, 1, dense_rows());
   if (down.first >= down.second) return;
   for (Int64 i = cols.first; i < cols.second; ++i) {
     const From* from = column_at(i);

@@ -18,6 +18,10 @@ concept RealCell = Cell<T> && std::same_as<T, ZOR_runtime::Double>;
 template <Cell T>
 class BasicVector;
 
+/// The vector with cells of type T.
+template <Cell T>
+using VectorOf = BasicVector<T>;
+
 using TVector = BasicVector<ZOR_runtime::Double>;
 using TIntVector = BasicVector<ZOR_runtime::Integer>;
 
