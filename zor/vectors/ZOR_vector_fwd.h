@@ -1,12 +1,16 @@
 #pragma once
 
 #include <concepts>
+#include <type_traits>
 
 #include "zor/runtime/types.h"
 
 /// \file  Forward declarations of the vectors.
 
 namespace ZOR_vector {
+
+class TVector;
+class TIntVector;
 
 /// Cells that vectors and matrices hold.
 template <class T>
@@ -15,14 +19,8 @@ concept Cell = std::same_as<T, ZOR_runtime::Double> || std::same_as<T, ZOR_runti
 template <class T>
 concept RealCell = Cell<T> && std::same_as<T, ZOR_runtime::Double>;
 
-template <Cell T>
-class BasicVector;
-
 /// The vector with cells of type T.
 template <Cell T>
-using VectorOf = BasicVector<T>;
-
-using TVector = BasicVector<ZOR_runtime::Double>;
-using TIntVector = BasicVector<ZOR_runtime::Integer>;
+using VectorOf = std::conditional_t<RealCell<T>, TVector, TIntVector>;
 
 }  // namespace ZOR_vector

@@ -12,18 +12,16 @@ namespace ZOR_vector {
 
 EZORVectorError::~EZORVectorError() = default;
 
-template <Cell T>
-BasicVector<T>::BasicVector(TComponent* AOwner) : TComponent(AOwner) {
-  SetLength(FVec, 1);
-}
+TVector::TVector(TComponent* AOwner) : TComponent(AOwner) { SetLength(FVec, 1); }
 
-template <Cell T>
-const char* BasicVector<T>::ClassName() const noexcept {
-  return RealCell<T> ? "TVector" : "TIntVector";
-}
+const char* TVector::ClassName() const noexcept { return "TVector"; }
 
-template <Cell T>
-Boolean BasicVector<T>::Resize(Integer NE) {
+TIntVector::TIntVector(TComponent* AOwner) : TComponent(AOwner) { SetLength(FVec, 1); }
+
+const char* TIntVector::ClassName() const noexcept { return "TIntVector"; }
+
+template <class Self, Cell T>
+Boolean VectorCore<Self, T>::Resize(Integer NE) {
   if (NE == NrOfElem()) return true;
   if (NE < 1) return false;
   try {
@@ -31,85 +29,85 @@ Boolean BasicVector<T>::Resize(Integer NE) {
     Changed();
     Resized();
   } catch (...) {
-    std::throw_with_nested(EZORVectorError(zor::detail::component_message(*this, "not enough memory")));
+    std::throw_with_nested(EZORVectorError(zor::detail::component_message(self(), "not enough memory")));
   }
   return true;
 }
 
-template <Cell T>
-Integer BasicVector<T>::MakeValidElemRange(Integer& LowElem, Integer& HighElem) const noexcept {
+template <class Self, Cell T>
+Integer VectorCore<Self, T>::MakeValidElemRange(Integer& LowElem, Integer& HighElem) const noexcept {
   return zor::detail::make_valid_range(LowElem, HighElem, NrOfElem());
 }
 
-template <Cell T>
-std::span<const T> BasicVector<T>::range(Integer LowElem, Integer HighElem) const noexcept {
+template <class Self, Cell T>
+std::span<const T> VectorCore<Self, T>::range(Integer LowElem, Integer HighElem) const noexcept {
   MakeValidElemRange(LowElem, HighElem);
   return Cells().subspan(static_cast<std::size_t>(LowElem - 1), static_cast<std::size_t>(HighElem - LowElem + 1));
 }
 
-template <Cell T>
-void BasicVector<T>::require_same_size(const BasicVector& OtherVec) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::require_same_size(const Self& OtherVec) const {
   if (OtherVec.NrOfElem() != NrOfElem()) {
-    zor::detail::Fail<EZORVectorError>(*this, "vectors have different dimensions");
+    zor::detail::Fail<EZORVectorError>(self(), "vectors have different dimensions");
   }
 }
 
-template <Cell T>
-void BasicVector<T>::Fill(T value) {
+template <class Self, Cell T>
+void VectorCore<Self, T>::Fill(T value) {
   zor::kernels::fill(cells(), value);
   FIsEmpty = false;
   Changed();
 }
 
-template <Cell T>
-void BasicVector<T>::FillSerial(T Offset, T Diff) {
+template <class Self, Cell T>
+void VectorCore<Self, T>::FillSerial(T Offset, T Diff) {
   zor::kernels::fill_serial(cells(), Offset, Diff);
   FIsEmpty = false;
   Changed();
 }
 
-template <Cell T>
-void BasicVector<T>::Clear() {
+template <class Self, Cell T>
+void VectorCore<Self, T>::Clear() {
   zor::kernels::fill(cells(), T{0});
   FIsEmpty = true;
   Changed();
 }
 
-template <Cell T>
-TString BasicVector<T>::CRCofData() const {
+template <class Self, Cell T>
+TString VectorCore<Self, T>::CRCofData() const {
   return zor::detail::crc_of_cells(Cells());
 }
 
-template <Cell T>
-void BasicVector<T>::Add(const BasicVector* OtherVec) {
+template <class Self, Cell T>
+void VectorCore<Self, T>::Add(const Self* OtherVec) {
   if (!OtherVec) return;
   require_same_size(*OtherVec);
   zor::kernels::add(cells(), OtherVec->Cells());
   Changed();
 }
 
-template <Cell T>
-void BasicVector<T>::Subtract(const BasicVector* OtherVec) {
+template <class Self, Cell T>
+void VectorCore<Self, T>::Subtract(const Self* OtherVec) {
   if (!OtherVec) return;
   require_same_size(*OtherVec);
   zor::kernels::subtract(cells(), OtherVec->Cells());
   Changed();
 }
 
-template <Cell T>
-void BasicVector<T>::SMult(T scalar) {
+template <class Self, Cell T>
+void VectorCore<Self, T>::SMult(T scalar) {
   zor::kernels::scale(cells(), scalar);
   Changed();
 }
 
-template <Cell T>
-void BasicVector<T>::AbsVal() {
+template <class Self, Cell T>
+void VectorCore<Self, T>::AbsVal() {
   zor::kernels::absolute(cells());
   Changed();
 }
 
-template <Cell T>
-T BasicVector<T>::DotProduct(const BasicVector* OtherVec) const {
+template <class Self, Cell T>
+T VectorCore<Self, T>::DotProduct(const Self* OtherVec) const {
   if (!OtherVec) return T{0};
   require_same_size(*OtherVec);
   if constexpr (RealCell<T>) {
@@ -119,8 +117,8 @@ T BasicVector<T>::DotProduct(const BasicVector* OtherVec) const {
   }
 }
 
-template <Cell T>
-Double BasicVector<T>::CalcVecLeng() const {
+template <class Self, Cell T>
+Double VectorCore<Self, T>::CalcVecLeng() const {
   if constexpr (RealCell<T>) {
     return std::sqrt(zor::kernels::sum_of_squares_in_order(Cells()));
   } else {
@@ -130,10 +128,7 @@ Double BasicVector<T>::CalcVecLeng() const {
   }
 }
 
-template <Cell T>
-void BasicVector<T>::SetVecLeng(Double NewLeng)
-  requires RealCell<T>
-{
+void TVector::SetVecLeng(Double NewLeng) {
   const Double length = CalcVecLeng();
   // Dividing by an infinite length would silently make all cells zero.
   if (!(length > 0.0) || !std::isfinite(length)) return;
@@ -141,26 +136,23 @@ void BasicVector<T>::SetVecLeng(Double NewLeng)
   Changed();
 }
 
-#define ZOR_INSTANCES(T)                                                                  \
-  template BasicVector<T>::BasicVector(TComponent*);                                      \
-  template const char* BasicVector<T>::ClassName() const noexcept;                        \
-  template Boolean BasicVector<T>::Resize(Integer);                                       \
-  template Integer BasicVector<T>::MakeValidElemRange(Integer&, Integer&) const noexcept; \
-  template std::span<const T> BasicVector<T>::range(Integer, Integer) const noexcept;     \
-  template void BasicVector<T>::require_same_size(const BasicVector&) const;              \
-  template void BasicVector<T>::Fill(T);                                                  \
-  template void BasicVector<T>::FillSerial(T, T);                                         \
-  template void BasicVector<T>::Clear();                                                  \
-  template TString BasicVector<T>::CRCofData() const;                                     \
-  template void BasicVector<T>::Add(const BasicVector*);                                  \
-  template void BasicVector<T>::Subtract(const BasicVector*);                             \
-  template void BasicVector<T>::SMult(T);                                                 \
-  template void BasicVector<T>::AbsVal();                                                 \
-  template T BasicVector<T>::DotProduct(const BasicVector*) const;                        \
-  template Double BasicVector<T>::CalcVecLeng() const;
+#define ZOR_INSTANCES(V, T)                                                                 \
+  template Boolean VectorCore<V, T>::Resize(Integer);                                       \
+  template Integer VectorCore<V, T>::MakeValidElemRange(Integer&, Integer&) const noexcept; \
+  template std::span<const T> VectorCore<V, T>::range(Integer, Integer) const noexcept;     \
+  template void VectorCore<V, T>::require_same_size(const V&) const;                        \
+  template void VectorCore<V, T>::Fill(T);                                                  \
+  template void VectorCore<V, T>::FillSerial(T, T);                                         \
+  template void VectorCore<V, T>::Clear();                                                  \
+  template TString VectorCore<V, T>::CRCofData() const;                                     \
+  template void VectorCore<V, T>::Add(const V*);                                            \
+  template void VectorCore<V, T>::Subtract(const V*);                                       \
+  template void VectorCore<V, T>::SMult(T);                                                 \
+  template void VectorCore<V, T>::AbsVal();                                                 \
+  template T VectorCore<V, T>::DotProduct(const V*) const;                                  \
+  template Double VectorCore<V, T>::CalcVecLeng() const;
 
-ZOR_INSTANCES(Double)
-ZOR_INSTANCES(Integer)
-template void BasicVector<Double>::SetVecLeng(Double);
+ZOR_INSTANCES(TVector, Double)
+ZOR_INSTANCES(TIntVector, Integer)
 
 }  // namespace ZOR_vector

@@ -35,26 +35,20 @@ Integer export_asc(const TString& name, const TString& comment, Integer rows, Wr
 
 }  // namespace
 
-template <Cell T>
-Integer BasicVector<T>::ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const
-  requires RealCell<T>
-{
+Integer TVector::ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const {
   const TString comment = Comment.empty() ? "Exported by ZOR TVector component: " + FName : Comment;
   const Integer decimals = std::clamp(Precision, 0, 25);
   return export_asc(FName, comment, NrOfElem(),
                     [&](TTextFile& file, Integer i) { file.WriteFloat(FVec[i - 1], 12, decimals); });
 }
 
-template <Cell T>
-Integer BasicVector<T>::ExportAsASC(const TString& FName, const TString& Comment) const
-  requires(!RealCell<T>)
-{
+Integer TIntVector::ExportAsASC(const TString& FName, const TString& Comment) const {
   const TString comment = Comment.empty() ? "Exported by ZOR TIntVector component: " + FName : Comment;
   return export_asc(FName, comment, NrOfElem(), [&](TTextFile& file, Integer i) { file.WriteInteger(FVec[i - 1]); });
 }
 
-template <Cell T>
-Integer BasicVector<T>::ImportASC(const TString& FName, TString& Comment) {
+template <class Self, Cell T>
+Integer VectorCore<Self, T>::ImportASC(const TString& FName, TString& Comment) {
   if (!ZOR_runtime::FileExists(FName)) return kNoSuchFile;
   TTextFile file(FName);
   zor::detail::AscHeader header;
@@ -98,11 +92,9 @@ Integer BasicVector<T>::ImportASC(const TString& FName, TString& Comment) {
   return code;
 }
 
-#define ZOR_INSTANCES(T) template Integer BasicVector<T>::ImportASC(const TString&, TString&);
+#define ZOR_INSTANCES(V, T) template Integer VectorCore<V, T>::ImportASC(const TString&, TString&);
 
-ZOR_INSTANCES(Double)
-ZOR_INSTANCES(Integer)
-template Integer BasicVector<Double>::ExportAsASC(const TString&, Integer, const TString&) const;
-template Integer BasicVector<Integer>::ExportAsASC(const TString&, const TString&) const;
+ZOR_INSTANCES(TVector, Double)
+ZOR_INSTANCES(TIntVector, Integer)
 
 }  // namespace ZOR_vector

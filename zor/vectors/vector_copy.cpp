@@ -25,8 +25,8 @@ constexpr Int64 clamp_index(Int64 i, Int64 n) noexcept { return i < 0 ? 0 : i < 
 
 }  // namespace
 
-template <Cell T>
-void BasicVector<T>::store_cells(std::span<const T> values, Int64 dest) {
+template <class Self, Cell T>
+void VectorCore<Self, T>::store_cells(std::span<const T> values, Int64 dest) {
   if (OnChange) {
     // A handler may change or resize anything, the source too: what is stored are the values as they are now.
     const TArray kept(values.begin(), values.end());
@@ -46,8 +46,8 @@ void BasicVector<T>::store_cells(std::span<const T> values, Int64 dest) {
   FIsEmpty = false;
 }
 
-template <Cell T>
-void BasicVector<T>::Clone(const BasicVector* VecSource) {
+template <class Self, Cell T>
+void VectorCore<Self, T>::Clone(const Self* VecSource) {
   if (!VecSource) return;
   // A handler of Resize may change the source: then its cells as they are now are kept.
   const TArray values = OnChange || OnResize ? CopyOf(VecSource->FVec) : VecSource->FVec;
@@ -56,8 +56,8 @@ void BasicVector<T>::Clone(const BasicVector* VecSource) {
   Changed();
 }
 
-template <Cell T>
-Integer BasicVector<T>::CopyFrom(const BasicVector* Src, Integer SrcElemLo, Integer SrcElemHi, Integer DestElem) {
+template <class Self, Cell T>
+Integer VectorCore<Self, T>::CopyFrom(const Self* Src, Integer SrcElemLo, Integer SrcElemHi, Integer DestElem) {
   if (!Src) return kNoSource;
   if (SrcElemLo == 0 && SrcElemHi == 0) {
     store_cells(Src->Cells(), DestElem);
@@ -71,8 +71,8 @@ Integer BasicVector<T>::CopyFrom(const BasicVector* Src, Integer SrcElemLo, Inte
   return 0;
 }
 
-template <Cell T>
-Integer BasicVector<T>::CopyFrom(TArray Src, Integer SrcElemLo, Integer SrcElemHi, Integer DestElem) {
+template <class Self, Cell T>
+Integer VectorCore<Self, T>::CopyFrom(TArray Src, Integer SrcElemLo, Integer SrcElemHi, Integer DestElem) {
   if (Src.empty()) return kNoSource;
   const std::span<const T> cells(Src.data(), Src.size());
   if (SrcElemLo == 0 && SrcElemHi == 0) {
@@ -88,9 +88,9 @@ Integer BasicVector<T>::CopyFrom(TArray Src, Integer SrcElemLo, Integer SrcElemH
   return 0;
 }
 
-template <Cell T>
-void BasicVector<T>::CopyFrom2DArrayRow(T2DArray SrcArray, Integer Row, Integer FirstCol, Integer LastCol,
-                                        Integer DestElem) {
+template <class Self, Cell T>
+void VectorCore<Self, T>::CopyFrom2DArrayRow(T2DArray SrcArray, Integer Row, Integer FirstCol, Integer LastCol,
+                                             Integer DestElem) {
   const Shape shape = measure(SrcArray);
   if (shape.columns == 0) return;
   const Int64 row = clamp_index(Row, shape.rows);
@@ -104,9 +104,9 @@ void BasicVector<T>::CopyFrom2DArrayRow(T2DArray SrcArray, Integer Row, Integer 
   Changed();
 }
 
-template <Cell T>
-void BasicVector<T>::CopyFrom2DArrayColumn(T2DArray SrcArray, Integer Col, Integer FirstRow, Integer LastRow,
-                                           Integer DestElem) {
+template <class Self, Cell T>
+void VectorCore<Self, T>::CopyFrom2DArrayColumn(T2DArray SrcArray, Integer Col, Integer FirstRow, Integer LastRow,
+                                                Integer DestElem) {
   const Shape shape = measure(SrcArray);
   if (shape.columns == 0) return;
   Int64 first = clamp_index(FirstRow, shape.rows), last = clamp_index(LastRow, shape.rows);
@@ -117,19 +117,19 @@ void BasicVector<T>::CopyFrom2DArrayColumn(T2DArray SrcArray, Integer Col, Integ
   Changed();
 }
 
-template <Cell T>
-void BasicVector<T>::CopyToArray(TArray& DestArray, Integer LowElem, Integer HighElem, Integer DestElem) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::CopyToArray(TArray& DestArray, Integer LowElem, Integer HighElem, Integer DestElem) const {
   const std::span<const T> values = range(LowElem, HighElem);
   const Int64 dest = std::max(DestElem, 0);
   const Int64 length = static_cast<Int64>(values.size()) + dest;
-  if (length > zor::detail::kMaxInteger) zor::detail::Fail<EZORVectorError>(*this, "not enough memory");
+  if (length > zor::detail::kMaxInteger) zor::detail::Fail<EZORVectorError>(self(), "not enough memory");
   SetLength(DestArray, length);
   std::ranges::copy(values, DestArray.begin() + dest);
 }
 
-template <Cell T>
-void BasicVector<T>::CopyToArray(T2DArray& DestArray, Integer LowElem, Integer HighElem, Integer DestCol,
-                                 Integer DestRow, Boolean AsColumn) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::CopyToArray(T2DArray& DestArray, Integer LowElem, Integer HighElem, Integer DestCol,
+                                      Integer DestRow, Boolean AsColumn) const {
   const Shape shape = measure(DestArray);
   if (shape.columns == 0) return;
   std::span<const T> values = range(LowElem, HighElem);
@@ -143,44 +143,56 @@ void BasicVector<T>::CopyToArray(T2DArray& DestArray, Integer LowElem, Integer H
   }
 }
 
-template <Cell T>
-void BasicVector<T>::Assign(const TPersistent* Source) {
-  if (Source == this) return;
-  const auto* vec = dynamic_cast<const BasicVector*>(Source);
-  if (!vec) {
-    TComponent::Assign(Source);
-    return;
-  }
+template <class Self, Cell T>
+bool VectorCore<Self, T>::assign_twin(const TPersistent* Source) {
+  const auto* vec = dynamic_cast<const Self*>(Source);
+  if (!vec) return false;
+  if (vec == &self()) return true;
   TArray cells = CopyOf(vec->FVec);
   FVec.swap(cells);
   FIsEmpty = vec->FIsEmpty;
   OnChange = vec->OnChange;
   OnResize = vec->OnResize;
   OnSortExchange = vec->OnSortExchange;
+  return true;
 }
 
-template <Cell T>
-void BasicVector<T>::AssignTo(TPersistent* Dest) const {
-  if (auto* vec = dynamic_cast<BasicVector*>(Dest)) {
-    vec->Assign(this);
+void TVector::Assign(const TPersistent* Source) {
+  if (!assign_twin(Source)) TComponent::Assign(Source);
+}
+
+void TVector::AssignTo(TPersistent* Dest) const {
+  if (IsClass<TVector>(Dest)) {
+    Dest->Assign(this);
   } else {
     TComponent::AssignTo(Dest);
   }
 }
 
-#define ZOR_INSTANCES(T)                                                                                   \
-  template void BasicVector<T>::store_cells(std::span<const T>, Int64);                                    \
-  template void BasicVector<T>::Clone(const BasicVector*);                                                 \
-  template Integer BasicVector<T>::CopyFrom(const BasicVector*, Integer, Integer, Integer);                \
-  template Integer BasicVector<T>::CopyFrom(TArray, Integer, Integer, Integer);                            \
-  template void BasicVector<T>::CopyFrom2DArrayRow(T2DArray, Integer, Integer, Integer, Integer);          \
-  template void BasicVector<T>::CopyFrom2DArrayColumn(T2DArray, Integer, Integer, Integer, Integer);       \
-  template void BasicVector<T>::CopyToArray(TArray&, Integer, Integer, Integer) const;                     \
-  template void BasicVector<T>::CopyToArray(T2DArray&, Integer, Integer, Integer, Integer, Boolean) const; \
-  template void BasicVector<T>::Assign(const TPersistent*);                                                \
-  template void BasicVector<T>::AssignTo(TPersistent*) const;
+void TIntVector::Assign(const TPersistent* Source) {
+  if (!assign_twin(Source)) TComponent::Assign(Source);
+}
 
-ZOR_INSTANCES(Double)
-ZOR_INSTANCES(Integer)
+void TIntVector::AssignTo(TPersistent* Dest) const {
+  if (IsClass<TIntVector>(Dest)) {
+    Dest->Assign(this);
+  } else {
+    TComponent::AssignTo(Dest);
+  }
+}
+
+#define ZOR_INSTANCES(V, T)                                                                                  \
+  template void VectorCore<V, T>::store_cells(std::span<const T>, Int64);                                    \
+  template void VectorCore<V, T>::Clone(const V*);                                                           \
+  template Integer VectorCore<V, T>::CopyFrom(const V*, Integer, Integer, Integer);                          \
+  template Integer VectorCore<V, T>::CopyFrom(TArray, Integer, Integer, Integer);                            \
+  template void VectorCore<V, T>::CopyFrom2DArrayRow(T2DArray, Integer, Integer, Integer, Integer);          \
+  template void VectorCore<V, T>::CopyFrom2DArrayColumn(T2DArray, Integer, Integer, Integer, Integer);       \
+  template void VectorCore<V, T>::CopyToArray(TArray&, Integer, Integer, Integer) const;                     \
+  template void VectorCore<V, T>::CopyToArray(T2DArray&, Integer, Integer, Integer, Integer, Boolean) const; \
+  template bool VectorCore<V, T>::assign_twin(const TPersistent*);
+
+ZOR_INSTANCES(TVector, Double)
+ZOR_INSTANCES(TIntVector, Integer)
 
 }  // namespace ZOR_vector

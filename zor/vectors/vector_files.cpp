@@ -15,11 +15,7 @@ namespace ZOR_vector {
 using zor::detail::write_file;
 using ZOR_runtime::TTextFile;
 
-template <Cell T>
-Boolean BasicVector<T>::StoreOnFile(Integer FirstElem, Integer LastElem, Integer Precision,
-                                    const TString& FileName) const
-  requires RealCell<T>
-{
+Boolean TVector::StoreOnFile(Integer FirstElem, Integer LastElem, Integer Precision, const TString& FileName) const {
   const Integer decimals = Precision < -2 ? 2 : std::min(Precision, 20);
   const Integer width = decimals == -2 ? 26 : decimals == -1 ? 13 : 1;
   MakeValidElemRange(FirstElem, LastElem);
@@ -28,17 +24,14 @@ Boolean BasicVector<T>::StoreOnFile(Integer FirstElem, Integer LastElem, Integer
     file.Write(" ");
     file.WriteInteger(LastElem);
     file.WriteLn();
-    for (const T x : range(FirstElem, LastElem)) {
+    for (const Double x : range(FirstElem, LastElem)) {
       file.WriteFloat(x, width, decimals);
       file.WriteLn();
     }
   });
 }
 
-template <Cell T>
-Boolean BasicVector<T>::StoreOnFile(Integer FirstElem, Integer LastElem, const TString& FileName) const
-  requires(!RealCell<T>)
-{
+Boolean TIntVector::StoreOnFile(Integer FirstElem, Integer LastElem, const TString& FileName) const {
   if (LastElem < FirstElem) std::swap(FirstElem, LastElem);
   FirstElem = std::max(FirstElem, 1);
   LastElem = std::min(LastElem, NrOfElem());
@@ -54,8 +47,8 @@ Boolean BasicVector<T>::StoreOnFile(Integer FirstElem, Integer LastElem, const T
   });
 }
 
-template <Cell T>
-Boolean BasicVector<T>::LoadFromFile(const TString& FileName, Boolean AdjustVectorSize) {
+template <class Self, Cell T>
+Boolean VectorCore<Self, T>::LoadFromFile(const TString& FileName, Boolean AdjustVectorSize) {
   Boolean result = false;
   try {
     TTextFile file(FileName);
@@ -82,10 +75,7 @@ Boolean BasicVector<T>::LoadFromFile(const TString& FileName, Boolean AdjustVect
   return result;
 }
 
-template <Cell T>
-Boolean BasicVector<T>::LoadFromFile(const TString& FileName, Boolean AdjustVectorSize, Boolean AutoDetect)
-  requires RealCell<T>
-{
+Boolean TVector::LoadFromFile(const TString& FileName, Boolean AdjustVectorSize, Boolean AutoDetect) {
   if (!AutoDetect) return LoadFromFile(FileName, AdjustVectorSize);
   constexpr std::string_view kMark = "//dig";
   const auto marked = [&](std::string_view line) { return line.find(kMark) != line.npos; };
@@ -102,7 +92,7 @@ Boolean BasicVector<T>::LoadFromFile(const TString& FileName, Boolean AdjustVect
     if (AdjustVectorSize) Resize(zor::detail::to_integer(static_cast<std::size_t>(lines)));
     file.Reset();
     result = true;
-    zor::detail::RunWriter<T> out([this](auto values, Int64 first) { store_cells(values, first); });
+    zor::detail::RunWriter<Double> out([this](auto values, Int64 first) { store_cells(values, first); });
     Int64 i = 1;
     for (std::string_view line; i <= NrOfElem() && file.read_line(line);) {
       if (!marked(line)) continue;
@@ -117,12 +107,9 @@ Boolean BasicVector<T>::LoadFromFile(const TString& FileName, Boolean AdjustVect
   return result;
 }
 
-#define ZOR_INSTANCES(T) template Boolean BasicVector<T>::LoadFromFile(const TString&, Boolean);
+#define ZOR_INSTANCES(V, T) template Boolean VectorCore<V, T>::LoadFromFile(const TString&, Boolean);
 
-ZOR_INSTANCES(Double)
-ZOR_INSTANCES(Integer)
-template Boolean BasicVector<Double>::StoreOnFile(Integer, Integer, Integer, const TString&) const;
-template Boolean BasicVector<Integer>::StoreOnFile(Integer, Integer, const TString&) const;
-template Boolean BasicVector<Double>::LoadFromFile(const TString&, Boolean, Boolean);
+ZOR_INSTANCES(TVector, Double)
+ZOR_INSTANCES(TIntVector, Integer)
 
 }  // namespace ZOR_vector

@@ -39,10 +39,7 @@ Double trapezoids(std::span<const Double> y) {
 
 }  // namespace
 
-template <Cell T>
-Double BasicVector<T>::Integrate(Double BoundLow, Double BoundHigh, TIntegMethod Method) const
-  requires RealCell<T>
-{
+Double TVector::Integrate(Double BoundLow, Double BoundHigh, TIntegMethod Method) const {
   if (std::isnan(BoundLow) || std::isnan(BoundHigh)) return std::numeric_limits<Double>::quiet_NaN();
   if (Method > imSimpson) return 0.0;
   const Double n = NrOfElem();
@@ -72,7 +69,5 @@ Double BasicVector<T>::Integrate(Double BoundLow, Double BoundHigh, TIntegMethod
   }
   return result + (Method == imTrapezoidal ? trapezoids(inner) : simpson(inner));
 }
-
-template Double BasicVector<Double>::Integrate(Double, Double, TIntegMethod) const;
 
 }  // namespace ZOR_vector

@@ -13,8 +13,8 @@ namespace ZOR_vector {
 
 namespace kernels = zor::kernels;
 
-template <Cell T>
-Integer BasicVector<T>::Find(Integer LowElem, Integer HighElem, T value) const {
+template <class Self, Cell T>
+Integer VectorCore<Self, T>::Find(Integer LowElem, Integer HighElem, T value) const {
   MakeValidElemRange(LowElem, HighElem);
   std::conditional_t<RealCell<T>, Double, Int64> difference = 0;
   if constexpr (RealCell<T>) {
@@ -26,20 +26,20 @@ Integer BasicVector<T>::Find(Integer LowElem, Integer HighElem, T value) const {
   return at == kernels::kNone ? 0 : LowElem + static_cast<Integer>(at);
 }
 
-template <Cell T>
-Integer BasicVector<T>::FindExact(Integer LowElem, Integer HighElem, T value) const {
+template <class Self, Cell T>
+Integer VectorCore<Self, T>::FindExact(Integer LowElem, Integer HighElem, T value) const {
   MakeValidElemRange(LowElem, HighElem);
   const std::size_t at = kernels::find_equal(range(LowElem, HighElem), value);
   return at == kernels::kNone ? 0 : LowElem + static_cast<Integer>(at);
 }
 
-template <Cell T>
-Integer BasicVector<T>::FindInSortedVector(Boolean Ascending, T Value) const {
+template <class Self, Cell T>
+Integer VectorCore<Self, T>::FindInSortedVector(Boolean Ascending, T Value) const {
   return 1 + static_cast<Integer>(zor::detail::nearest_in_sorted(Cells(), Ascending, Value));
 }
 
-template <Cell T>
-void BasicVector<T>::SortElems(Boolean Ascending, Integer RangeFirst, Integer RangeLast) {
+template <class Self, Cell T>
+void VectorCore<Self, T>::SortElems(Boolean Ascending, Integer RangeFirst, Integer RangeLast) {
   MakeValidElemRange(RangeFirst, RangeLast);
   if (RangeFirst == RangeLast) return;
   const auto n = static_cast<std::size_t>(RangeLast - RangeFirst + 1);
@@ -62,14 +62,14 @@ void BasicVector<T>::SortElems(Boolean Ascending, Integer RangeFirst, Integer Ra
   Changed();
 }
 
-template <Cell T>
-void BasicVector<T>::Mirror() {
+template <class Self, Cell T>
+void VectorCore<Self, T>::Mirror() {
   std::ranges::reverse(cells());
   Changed();
 }
 
-template <Cell T>
-void BasicVector<T>::ShuffleElems() {
+template <class Self, Cell T>
+void VectorCore<Self, T>::ShuffleElems() {
   ZOR_runtime::Randomize();
   const Integer n = NrOfElem();
   for (Integer i = 0; i < n; ++i) {
@@ -78,15 +78,15 @@ void BasicVector<T>::ShuffleElems() {
   }
 }
 
-#define ZOR_INSTANCES(T)                                                 \
-  template Integer BasicVector<T>::Find(Integer, Integer, T) const;      \
-  template Integer BasicVector<T>::FindExact(Integer, Integer, T) const; \
-  template Integer BasicVector<T>::FindInSortedVector(Boolean, T) const; \
-  template void BasicVector<T>::SortElems(Boolean, Integer, Integer);    \
-  template void BasicVector<T>::Mirror();                                \
-  template void BasicVector<T>::ShuffleElems();
+#define ZOR_INSTANCES(V, T)                                                \
+  template Integer VectorCore<V, T>::Find(Integer, Integer, T) const;      \
+  template Integer VectorCore<V, T>::FindExact(Integer, Integer, T) const; \
+  template Integer VectorCore<V, T>::FindInSortedVector(Boolean, T) const; \
+  template void VectorCore<V, T>::SortElems(Boolean, Integer, Integer);    \
+  template void VectorCore<V, T>::Mirror();                                \
+  template void VectorCore<V, T>::ShuffleElems();
 
-ZOR_INSTANCES(Double)
-ZOR_INSTANCES(Integer)
+ZOR_INSTANCES(TVector, Double)
+ZOR_INSTANCES(TIntVector, Integer)
 
 }  // namespace ZOR_vector

@@ -41,8 +41,8 @@ TDynArray<T> work_copy(const TComponent& component, std::span<const T> cells) {
 
 }  // namespace
 
-template <Cell T>
-T BasicVector<T>::Sum(Integer LowElem, Integer HighElem) const {
+template <class Self, Cell T>
+T VectorCore<Self, T>::Sum(Integer LowElem, Integer HighElem) const {
   if constexpr (RealCell<T>) {
     return kernels::sum_in_order(range(LowElem, HighElem));
   } else {
@@ -50,22 +50,22 @@ T BasicVector<T>::Sum(Integer LowElem, Integer HighElem) const {
   }
 }
 
-template <Cell T>
-void BasicVector<T>::MeanVar(Integer LowElem, Integer HighElem, Double& Mean, Double& Variance) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::MeanVar(Integer LowElem, Integer HighElem, Double& Mean, Double& Variance) const {
   const kernels::MeanVar result = kernels::mean_variance(range(LowElem, HighElem));
   Mean = result.mean;
   Variance = result.n < 3 ? 1.0 : result.variance;
 }
 
-template <Cell T>
-void BasicVector<T>::MinMax(Integer LowElem, Integer HighElem, T& Minimum, T& Maximum) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::MinMax(Integer LowElem, Integer HighElem, T& Minimum, T& Maximum) const {
   Integer min_ix = 0, max_ix = 0;
   MinMax(LowElem, HighElem, Minimum, Maximum, min_ix, max_ix);
 }
 
-template <Cell T>
-void BasicVector<T>::MinMax(Integer LowElem, Integer HighElem, T& Minimum, T& Maximum, Integer& MinIx,
-                            Integer& MaxIx) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::MinMax(Integer LowElem, Integer HighElem, T& Minimum, T& Maximum, Integer& MinIx,
+                                 Integer& MaxIx) const {
   constexpr T kStart = RealCell<T> ? static_cast<T>(1.7e308L) : static_cast<T>(2147483647);
   MakeValidElemRange(LowElem, HighElem);
   kernels::Extremes<T> extremes{kStart, -kStart};
@@ -77,8 +77,8 @@ void BasicVector<T>::MinMax(Integer LowElem, Integer HighElem, T& Minimum, T& Ma
   MaxIx = number(extremes.max_index);
 }
 
-template <Cell T>
-T BasicVector<T>::Mode(Integer LowElem, Integer HighElem) const {
+template <class Self, Cell T>
+T VectorCore<Self, T>::Mode(Integer LowElem, Integer HighElem) const {
   const std::span<const T> cells = range(LowElem, HighElem);
   TArray sorted(cells.begin(), cells.end());
   ZOR_math1::SortArray(std::span<T>(sorted), true);
@@ -90,10 +90,10 @@ T BasicVector<T>::Mode(Integer LowElem, Integer HighElem) const {
   return sorted[at];
 }
 
-template <Cell T>
-Boolean BasicVector<T>::Quartiles(Integer LowElem, Integer HighElem, Double& Q1, Double& Q2, Double& Q3) const {
+template <class Self, Cell T>
+Boolean VectorCore<Self, T>::Quartiles(Integer LowElem, Integer HighElem, Double& Q1, Double& Q2, Double& Q3) const {
   Q1 = Q2 = Q3 = 0.0;
-  TArray work = work_copy<T>(*this, range(LowElem, HighElem));
+  TArray work = work_copy<T>(self(), range(LowElem, HighElem));
   const std::array<Double, 3> q = zor::detail::quartiles(std::span<T>(work));
   Q1 = q[0];
   Q2 = q[1];
@@ -101,10 +101,10 @@ Boolean BasicVector<T>::Quartiles(Integer LowElem, Integer HighElem, Double& Q1,
   return true;
 }
 
-template <Cell T>
-Double BasicVector<T>::Percentile(Double prob, Integer LowElem, Integer HighElem) const {
+template <class Self, Cell T>
+Double VectorCore<Self, T>::Percentile(Double prob, Integer LowElem, Integer HighElem) const {
   if (std::isnan(prob)) return prob;
-  TArray work = work_copy<T>(*this, range(LowElem, HighElem));
+  TArray work = work_copy<T>(self(), range(LowElem, HighElem));
   const std::size_t last = work.size() - 1;
   const Double position = static_cast<Double>(last) * std::clamp(prob, 0.0, 100.0) / 100.0;
   const Double whole = std::floor(position);
@@ -122,13 +122,13 @@ Double BasicVector<T>::Percentile(Double prob, Integer LowElem, Integer HighElem
   return zor::detail::interpolate(static_cast<Double>(values[0]), static_cast<Double>(values[1]), fraction);
 }
 
-template <Cell T>
-Double BasicVector<T>::GeometricMean(Integer LowElem, Integer HighElem) const {
+template <class Self, Cell T>
+Double VectorCore<Self, T>::GeometricMean(Integer LowElem, Integer HighElem) const {
   const std::span<const T> cells = range(LowElem, HighElem);
   Boolean zero = false;
   Double logarithms = 0.0;
   for (const T x : cells) {
-    if (x < 0) zor::detail::Fail<EZORVectorError>(*this, "negative argument passed to GeometricMean");
+    if (x < 0) zor::detail::Fail<EZORVectorError>(self(), "negative argument passed to GeometricMean");
     if (x == 0) {
       zero = true;
     } else {
@@ -138,20 +138,20 @@ Double BasicVector<T>::GeometricMean(Integer LowElem, Integer HighElem) const {
   return zero ? 0.0 : std::exp(logarithms / static_cast<Double>(cells.size()));
 }
 
-template <Cell T>
-Double BasicVector<T>::HarmonicMean(Integer LowElem, Integer HighElem) const {
+template <class Self, Cell T>
+Double VectorCore<Self, T>::HarmonicMean(Integer LowElem, Integer HighElem) const {
   const std::span<const T> cells = range(LowElem, HighElem);
   Double reciprocals = 0.0;
   for (const T x : cells) {
-    if (x <= 0) zor::detail::Fail<EZORVectorError>(*this, "negative or zero argument passed to HarmonicMean");
+    if (x <= 0) zor::detail::Fail<EZORVectorError>(self(), "negative or zero argument passed to HarmonicMean");
     reciprocals += 1.0 / static_cast<Double>(x);
   }
   return static_cast<Double>(cells.size()) / reciprocals;
 }
 
-template <Cell T>
-void BasicVector<T>::SkewKurtIntern(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis,
-                                    Integer& NumData) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::SkewKurtIntern(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis,
+                                         Integer& NumData) const {
   Skewness = Kurtosis = 0.0;
   const std::span<const T> cells = range(LowElem, HighElem);
   NumData = zor::detail::to_integer(cells.size());
@@ -167,14 +167,14 @@ void BasicVector<T>::SkewKurtIntern(Integer LowElem, Integer HighElem, Double& S
   Kurtosis = result.kurtosis;
 }
 
-template <Cell T>
-void BasicVector<T>::SkewKurt(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::SkewKurt(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis) const {
   Integer n = 0;
   SkewKurtIntern(LowElem, HighElem, Skewness, Kurtosis, n);
 }
 
-template <Cell T>
-void BasicVector<T>::SkewKurtSample(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::SkewKurtSample(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis) const {
   Integer count = 0;
   SkewKurtIntern(LowElem, HighElem, Skewness, Kurtosis, count);
   if (count < 4) return;
@@ -183,13 +183,13 @@ void BasicVector<T>::SkewKurtSample(Integer LowElem, Integer HighElem, Double& S
   Kurtosis = sample.kurtosis;
 }
 
-template <Cell T>
-Boolean BasicVector<T>::Histogram(Integer FirstElem, Integer LastElem, T FirstBin, T LastBin, T BinWidth,
-                                  TIntArray& Histo, Integer& Underflow, Integer& Overflow, Integer& MaxCnt) const {
+template <class Self, Cell T>
+Boolean VectorCore<Self, T>::Histogram(Integer FirstElem, Integer LastElem, T FirstBin, T LastBin, T BinWidth,
+                                       TIntArray& Histo, Integer& Underflow, Integer& Overflow, Integer& MaxCnt) const {
   zor::detail::BinCounter<T> bins(FirstBin, LastBin, BinWidth, kMaxBins);
   if (!bins.valid()) {
     if constexpr (RealCell<T>) return false;
-    throw EZORVectorError("Component \"" + Name() + ".Histogram\": invalid number of bins");
+    throw EZORVectorError("Component \"" + self().Name() + ".Histogram\": invalid number of bins");
   }
   bins.start(Histo);
   const Int64 lo = std::max<Int64>(FirstElem, 1), hi = std::min<Int64>(LastElem, NrOfElem());
@@ -202,9 +202,10 @@ Boolean BasicVector<T>::Histogram(Integer FirstElem, Integer LastElem, T FirstBi
   return true;
 }
 
-template <Cell T>
-Boolean BasicVector<T>::Histogram(Integer FirstElem, Integer LastElem, T FirstBin, T LastBin, T BinWidth,
-                                  TIntVector* Histo, Integer& Underflow, Integer& Overflow, Integer& MaxCnt) const {
+template <class Self, Cell T>
+Boolean VectorCore<Self, T>::Histogram(Integer FirstElem, Integer LastElem, T FirstBin, T LastBin, T BinWidth,
+                                       TIntVector* Histo, Integer& Underflow, Integer& Overflow,
+                                       Integer& MaxCnt) const {
   TIntArray counts;
   if (!Histo || !Histogram(FirstElem, LastElem, FirstBin, LastBin, BinWidth, counts, Underflow, Overflow, MaxCnt)) {
     return false;
@@ -215,8 +216,8 @@ Boolean BasicVector<T>::Histogram(Integer FirstElem, Integer LastElem, T FirstBi
   return true;
 }
 
-template <Cell T>
-Boolean BasicVector<T>::IsDichotomous(T& v1, T& v2) const {
+template <class Self, Cell T>
+Boolean VectorCore<Self, T>::IsDichotomous(T& v1, T& v2) const {
   v1 = v2 = T{0};
   if (NrOfElem() < 2) return false;
   v1 = v2 = FVec[0];
@@ -230,8 +231,8 @@ Boolean BasicVector<T>::IsDichotomous(T& v1, T& v2) const {
   return true;
 }
 
-template <Cell T>
-Double BasicVector<T>::PearsonCorrCoeff(const BasicVector* OtherVec) const {
+template <class Self, Cell T>
+Double VectorCore<Self, T>::PearsonCorrCoeff(const Self* OtherVec) const {
   if (!OtherVec || OtherVec->NrOfElem() != NrOfElem() || NrOfElem() < 2) return 0.0;
   kernels::PairSums sums;
   if constexpr (RealCell<T>) {
@@ -246,8 +247,8 @@ Double BasicVector<T>::PearsonCorrCoeff(const BasicVector* OtherVec) const {
   return zor::detail::correlation(kernels::pair_moments(sums));
 }
 
-template <Cell T>
-T BasicVector<T>::Correlate(const BasicVector* OtherVec, Integer ElemShift) const {
+template <class Self, Cell T>
+T VectorCore<Self, T>::Correlate(const Self* OtherVec, Integer ElemShift) const {
   if (!OtherVec) return T{0};
   // Element i of this vector meets element i - shift of the other one.
   const Int64 shift = RealCell<T> ? Int64{ElemShift} : -Int64{ElemShift};
@@ -263,8 +264,8 @@ T BasicVector<T>::Correlate(const BasicVector* OtherVec, Integer ElemShift) cons
   }
 }
 
-template <Cell T>
-Double BasicVector<T>::EuclideanDistance(const BasicVector* OtherVec) const {
+template <class Self, Cell T>
+Double VectorCore<Self, T>::EuclideanDistance(const Self* OtherVec) const {
   if (!OtherVec || OtherVec->NrOfElem() != NrOfElem()) {
     zor::detail::Fail<EZORVectorError>("EuclideanDistance: dimensions of vectors do not match");
   }
@@ -280,29 +281,29 @@ Double BasicVector<T>::EuclideanDistance(const BasicVector* OtherVec) const {
   }
 }
 
-#define ZOR_INSTANCES(T)                                                                                           \
-  template T BasicVector<T>::Sum(Integer, Integer) const;                                                          \
-  template void BasicVector<T>::MeanVar(Integer, Integer, Double&, Double&) const;                                 \
-  template void BasicVector<T>::MinMax(Integer, Integer, T&, T&) const;                                            \
-  template void BasicVector<T>::MinMax(Integer, Integer, T&, T&, Integer&, Integer&) const;                        \
-  template T BasicVector<T>::Mode(Integer, Integer) const;                                                         \
-  template Boolean BasicVector<T>::Quartiles(Integer, Integer, Double&, Double&, Double&) const;                   \
-  template Double BasicVector<T>::Percentile(Double, Integer, Integer) const;                                      \
-  template Double BasicVector<T>::GeometricMean(Integer, Integer) const;                                           \
-  template Double BasicVector<T>::HarmonicMean(Integer, Integer) const;                                            \
-  template void BasicVector<T>::SkewKurtIntern(Integer, Integer, Double&, Double&, Integer&) const;                \
-  template void BasicVector<T>::SkewKurt(Integer, Integer, Double&, Double&) const;                                \
-  template void BasicVector<T>::SkewKurtSample(Integer, Integer, Double&, Double&) const;                          \
-  template Boolean BasicVector<T>::Histogram(Integer, Integer, T, T, T, TIntArray&, Integer&, Integer&, Integer&)  \
-      const;                                                                                                       \
-  template Boolean BasicVector<T>::Histogram(Integer, Integer, T, T, T, TIntVector*, Integer&, Integer&, Integer&) \
-      const;                                                                                                       \
-  template Boolean BasicVector<T>::IsDichotomous(T&, T&) const;                                                    \
-  template Double BasicVector<T>::PearsonCorrCoeff(const BasicVector*) const;                                      \
-  template T BasicVector<T>::Correlate(const BasicVector*, Integer) const;                                         \
-  template Double BasicVector<T>::EuclideanDistance(const BasicVector*) const;
+#define ZOR_INSTANCES(V, T)                                                                                          \
+  template T VectorCore<V, T>::Sum(Integer, Integer) const;                                                          \
+  template void VectorCore<V, T>::MeanVar(Integer, Integer, Double&, Double&) const;                                 \
+  template void VectorCore<V, T>::MinMax(Integer, Integer, T&, T&) const;                                            \
+  template void VectorCore<V, T>::MinMax(Integer, Integer, T&, T&, Integer&, Integer&) const;                        \
+  template T VectorCore<V, T>::Mode(Integer, Integer) const;                                                         \
+  template Boolean VectorCore<V, T>::Quartiles(Integer, Integer, Double&, Double&, Double&) const;                   \
+  template Double VectorCore<V, T>::Percentile(Double, Integer, Integer) const;                                      \
+  template Double VectorCore<V, T>::GeometricMean(Integer, Integer) const;                                           \
+  template Double VectorCore<V, T>::HarmonicMean(Integer, Integer) const;                                            \
+  template void VectorCore<V, T>::SkewKurtIntern(Integer, Integer, Double&, Double&, Integer&) const;                \
+  template void VectorCore<V, T>::SkewKurt(Integer, Integer, Double&, Double&) const;                                \
+  template void VectorCore<V, T>::SkewKurtSample(Integer, Integer, Double&, Double&) const;                          \
+  template Boolean VectorCore<V, T>::Histogram(Integer, Integer, T, T, T, TIntArray&, Integer&, Integer&, Integer&)  \
+      const;                                                                                                         \
+  template Boolean VectorCore<V, T>::Histogram(Integer, Integer, T, T, T, TIntVector*, Integer&, Integer&, Integer&) \
+      const;                                                                                                         \
+  template Boolean VectorCore<V, T>::IsDichotomous(T&, T&) const;                                                    \
+  template Double VectorCore<V, T>::PearsonCorrCoeff(const V*) const;                                                \
+  template T VectorCore<V, T>::Correlate(const V*, Integer) const;                                                   \
+  template Double VectorCore<V, T>::EuclideanDistance(const V*) const;
 
-ZOR_INSTANCES(Double)
-ZOR_INSTANCES(Integer)
+ZOR_INSTANCES(TVector, Double)
+ZOR_INSTANCES(TIntVector, Integer)
 
 }  // namespace ZOR_vector

@@ -7,27 +7,27 @@
 #include "zor/vectors/vector.h"
 
 namespace ZOR_vector {
-template <Cell T>
-void BasicVector<T>::SaveToStream(TStream& OutStream, Integer LowElem, Integer HighElem) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::SaveToStream(TStream& OutStream, Integer LowElem, Integer HighElem) const {
   MakeValidElemRange(LowElem, HighElem);
   const std::array<T, 2> bounds{static_cast<T>(LowElem), static_cast<T>(HighElem)};
   zor::detail::write_numbers(OutStream, std::span<const T>(bounds));
   zor::detail::write_numbers(OutStream, range(LowElem, HighElem));
 }
 
-template <Cell T>
-void BasicVector<T>::SaveToStream(TMemoryStream*& OutStream, Integer LowElem, Integer HighElem) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::SaveToStream(TMemoryStream*& OutStream, Integer LowElem, Integer HighElem) const {
   if (!OutStream) OutStream = new TMemoryStream;
   SaveToStream(static_cast<TStream&>(*OutStream), LowElem, HighElem);
 }
 
-template <Cell T>
-void BasicVector<T>::SaveToStream(TFileStream* OutStream, Integer LowElem, Integer HighElem) const {
+template <class Self, Cell T>
+void VectorCore<Self, T>::SaveToStream(TFileStream* OutStream, Integer LowElem, Integer HighElem) const {
   if (OutStream) SaveToStream(static_cast<TStream&>(*OutStream), LowElem, HighElem);
 }
 
-template <Cell T>
-Boolean BasicVector<T>::LoadFromStream(TStream* InStream, Boolean AdjustVectorSize) {
+template <class Self, Cell T>
+Boolean VectorCore<Self, T>::LoadFromStream(TStream* InStream, Boolean AdjustVectorSize) {
   Integer lo = 0, hi = 0;
   if (!InStream || !zor::detail::read_bound<T>(*InStream, lo) || !zor::detail::read_bound<T>(*InStream, hi))
     return false;
@@ -49,13 +49,13 @@ Boolean BasicVector<T>::LoadFromStream(TStream* InStream, Boolean AdjustVectorSi
   return result;
 }
 
-#define ZOR_INSTANCES(T)                                                               \
-  template void BasicVector<T>::SaveToStream(TStream&, Integer, Integer) const;        \
-  template void BasicVector<T>::SaveToStream(TMemoryStream*&, Integer, Integer) const; \
-  template void BasicVector<T>::SaveToStream(TFileStream*, Integer, Integer) const;    \
-  template Boolean BasicVector<T>::LoadFromStream(TStream*, Boolean);
+#define ZOR_INSTANCES(V, T)                                                              \
+  template void VectorCore<V, T>::SaveToStream(TStream&, Integer, Integer) const;        \
+  template void VectorCore<V, T>::SaveToStream(TMemoryStream*&, Integer, Integer) const; \
+  template void VectorCore<V, T>::SaveToStream(TFileStream*, Integer, Integer) const;    \
+  template Boolean VectorCore<V, T>::LoadFromStream(TStream*, Boolean);
 
-ZOR_INSTANCES(Double)
-ZOR_INSTANCES(Integer)
+ZOR_INSTANCES(TVector, Double)
+ZOR_INSTANCES(TIntVector, Integer)
 
 }  // namespace ZOR_vector
