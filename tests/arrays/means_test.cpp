@@ -117,5 +117,12 @@ TEST(MeanAbsoluteDeviation, TakesTheFirstCells) {
   EXPECT_EQ(MeanAbsDev(TDoubleArray{}, -1, dev), kEmptyArray);
 }
 
+TEST(MeansOfHugeCells, AreInfinite) {
+  Double mean = 0.0, variance = 0.0;
+  EXPECT_EQ(MeanVarArray(TDoubleArray{1e308, 1.5e308}, 0, 1, mean, variance), 0);
+  EXPECT_EQ(mean, std::numeric_limits<Double>::infinity());
+  EXPECT_FALSE(std::isfinite(variance));
+}
+
 }  // namespace
 }  // namespace ZOR_openarrays

@@ -190,6 +190,8 @@ TEST(MatrixLU, GivesFactorsAndTheDeterminant) {
   EXPECT_EQ(m.Determinant(), -1.0);
   m.SetVal(1, 1, kNaN);
   EXPECT_EQ(m.Determinant(), 0.0);
+  set(m, {{1, -1}, {1e308, 1e308}});
+  EXPECT_EQ(m.Determinant(), 0.0) << "a cell of a factor overflows";
   EXPECT_FALSE(m.LUdecomposition(&l, &u));
   m.Resize(2, 3);
   EXPECT_EQ(m.Determinant(), 0.0);

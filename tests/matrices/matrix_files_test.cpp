@@ -94,7 +94,7 @@ TEST(TMatrixAsc, AReadThatStopsKeepsTheRowsReached) {
 
 TEST(TMatrixAsc, ADamagedBlockOfCustomTextsIsReportedAndEmpty) {
   for (const char* block :
-       {"2\n2\n\"a\"\t\"b\"\n\"c\"\n", "100000\n100000\n\"a\"\n", "x\n", "1\n1\n\"open\n", "1\n1\na\n"}) {
+       {"2\n2\n\"a\"\t\"b\"\n\"c\"\n", "100000\n100000\n\"a\"\n", "x\n", "1\n1\n\"open\n", "1\n1\na\n", ""}) {
     const TempFile file("c\n1\n1\n" + kFlags + "5\n;custdata\n" + block);
     Target t;
     TStr2DArray texts = {{"old"}};
@@ -103,6 +103,11 @@ TEST(TMatrixAsc, ADamagedBlockOfCustomTextsIsReportedAndEmpty) {
     EXPECT_EQ(columns_of(t.m), (Columns<TMatrix>{{5}}));
     EXPECT_EQ(t.m.ImportASC(file.path(), t.comment), 0) << "who does not ask for it is not told";
   }
+  const TempFile cut("c\n1\n1\n" + kFlags + "5\n;custdata"), none("c\n1\n1\n" + kFlags + "5\n");
+  Target t;
+  TStr2DArray texts;
+  EXPECT_EQ(t.m.ImportASC(cut.path(), t.comment, texts), kBadValue) << "cut inside the mark's line";
+  EXPECT_EQ(t.m.ImportASC(none.path(), t.comment, texts), 0);
 }
 
 TEST(TMatrixPlainText, ARangeNamesItsBoundsAndComesBackBitForBit) {

@@ -178,6 +178,14 @@ TEST(MatrixSort, TellsOneChangeAndSurvivesAHandlerThatResizes) {
   EXPECT_TRUE(std::ranges::is_sorted(m.Column(1), std::greater()));
 }
 
+TEST(MatrixSort, TheSidesOfANaNKeyAreNotPutInOrderWithEachOther) {
+  TMatrix m;
+  set(m, Columns<TMatrix>{{3, std::numeric_limits<Double>::quiet_NaN(), 1}});
+  m.SortRows(1, true, 0, 0, 0, 0);
+  EXPECT_EQ(m.GetVal(1, 1), 3.0);
+  EXPECT_EQ(m.GetVal(1, 3), 1.0);
+}
+
 TEST(MatrixDiff, ShortensColumnsAndRows) {
   TMatrix m;
   set(m, {{1, 4, 9}, {0, 0, 1}});

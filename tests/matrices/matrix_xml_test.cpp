@@ -162,6 +162,8 @@ TEST(TMatrixXml, ABadDocumentLeavesTheMatrixAlone) {
            "", "<cell ix=\"1\" iy=\"1\">5</cell></matrix>", sizes + cell, sizes + cell + "<other>1</other></matrix>",
            sizes + "<cell ix=\"1\" iy=\"1\">5</matrix>", "<matrix>" + cell + "</matrix>",
            "<matrix>" + cell + sizes.substr(14) + "</matrix>",
+           "<matrix>" + cell + "<numcols>1</numcols><numrows>1</numrows></matrix>",
+           "<matrix><numcols>1</numcols>" + cell + "<numrows>1</numrows></matrix>",
            "<matrix><numcols>-1</numcols><numrows>2</numrows></matrix>",
            "<matrix><numcols>2147483647</numcols><numrows>2147483647</numrows>" + cell + "</matrix>",
            "<matrix><numcols>100000</numcols><numrows>10000</numrows></matrix>"}) {

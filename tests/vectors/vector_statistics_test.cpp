@@ -219,6 +219,9 @@ TEST(TVectorHistogram, CountsEveryElementExactlyOnce) {
   EXPECT_EQ(most, 2147483647);
   EXPECT_TRUE(v.Histogram(5, 2, 0, 9, 1, histo, under, over, most));
   EXPECT_EQ(under + over + most, 0);
+  EXPECT_TRUE(v.Histogram(0, 0, 0, 9, 1, histo, under, over, most));
+  EXPECT_EQ(histo[0], 1) << "element 0 reads 0; (0, 0) is not the whole vector here";
+  EXPECT_EQ(under + over + most, 1);
 }
 
 TEST(TVectorHistogram, RefusesMoreThanFiveHundredBinsAndBadLimits) {

@@ -9,6 +9,8 @@
 /// set to 0 first in all cases. Sums of doubles carry twice the precision of a double, so that a mean, or a variance,
 /// has the error of one rounding of the exact value, however large the mean is against the deviations: cells that are
 /// all equal have that value as mean and the variance 0.0 exactly. NaN and infinite cells give NaN or infinity.
+/// A sum or a square that overflows is infinite: so is the mean of 1e308 and 1.5e308, and the variance then infinity or
+/// NaN. Cells that are all equal have their value as mean whatever their size.
 
 namespace ZOR_openarrays {
 

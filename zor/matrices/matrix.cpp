@@ -63,21 +63,19 @@ Integer MatrixCore<Self, T>::MakeValidColRange(Integer& LowCol, Integer& HighCol
 
 template <class Self, Cell T>
 Integer MatrixCore<Self, T>::MakeValidRowRange(Integer& LowRow, Integer& HighRow) const noexcept {
-  const bool reversed = std::clamp(LowRow, 1, FNRow) > std::clamp(HighRow, 1, FNRow);
+  const bool reversed = FNRow > 0 && std::clamp(LowRow, 1, FNRow) > std::clamp(HighRow, 1, FNRow);
   const Integer moved = zor::detail::make_valid_range(LowRow, HighRow, FNRow);
   return reversed ? kRangeClamped : moved;
 }
 
 template <class Self, Cell T>
 auto MatrixCore<Self, T>::columns(Integer LowCol, Integer HighCol) const noexcept -> Bounds {
-  if (Mat.empty()) return {1, 0};
   zor::detail::make_valid_range(LowCol, HighCol, dense_columns());
   return {LowCol, HighCol};
 }
 
 template <class Self, Cell T>
 auto MatrixCore<Self, T>::rows(Integer LowRow, Integer HighRow) const noexcept -> Bounds {
-  if (Mat.empty()) return {1, 0};
   zor::detail::make_valid_range(LowRow, HighRow, dense_rows());
   return {LowRow, HighRow};
 }

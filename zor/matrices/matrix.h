@@ -99,8 +99,8 @@ class ZOR_API TMatrix : public TComponent, public MatrixCore<TMatrix, Double> {
   /// was set, with its cells partly factored; and if a feedback procedure resized it. What that throws passes on, as
   /// from CalcHatMatrix. No event.
   Boolean Invert();
-  /// Product of the diagonal of the upper factor of LUdecomposition; 0.0 if the matrix is not square or has a cell that
-  /// is not finite.
+  /// Product of the diagonal of the upper factor of LUdecomposition; 0.0 if the matrix is not square, has a cell that
+  /// is not finite, or a cell of a factor overflows, although the product might be large.
   Double Determinant() const;
   /// The triangular factors of LUdecomposition of ZOR_openarrays, which are resized, then filled as CopyFromArray does.
   /// False, with nothing changed, also if the matrix is not square, a cell is not finite, or MatL is MatU.
@@ -202,7 +202,8 @@ class ZOR_API TMatrix : public TComponent, public MatrixCore<TMatrix, Double> {
   /// @{
   /// Writes an ASC text file: comment line (empty: a default text with the file name), counts, flags, one line a row,
   /// the cells with Precision decimals (0 to 25) and tabs between them; then, if there are any, the further text cells
-  /// CustData[column][row], a block of their own: lines ";custdata", columns, rows, one line a row in quotes. 0, or
+  /// CustData[column][row], a block of their own: lines ";custdata", columns, rows, one line a row in quotes; none for
+  /// an array that is empty or whose columns differ in length. 0, or
   /// kCannotCreateFile; EInOutError if writing fails later.
   Integer ExportAsASC(const TString& FName, Integer Precision, const TString& Comment) const;
   Integer ExportAsASC(const TString& FName, Integer Precision, const TString& Comment,

@@ -75,9 +75,9 @@ void write_custom_cells(TTextFile& file, const TStr2DArray& cells) {
 // Reads the block behind the rows, if there is one. False if it is damaged.
 bool read_custom_cells(TTextFile& file, TStr2DArray& cells) {
   std::string_view line;
-  while (file.read_line(line) && zor::detail::strip_blanks(line) != kCustomMark) {
-  }
-  if (file.Eof()) return true;
+  do {
+    if (!file.read_line(line)) return true;
+  } while (zor::detail::strip_blanks(line) != kCustomMark);
   Integer columns = 0, rows = 0;
   bool good = file.ReadInteger(columns) && file.read_line(line) && file.ReadInteger(rows) && file.read_line(line);
   constexpr Int64 kSmallestQuoted = 3;  // two quotes and a separator

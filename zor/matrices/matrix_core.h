@@ -318,7 +318,8 @@ class ZOR_API MatrixCore {
   /// @{
   /// Comb sort of the rows of a range by the cells of column SortColIx, which move along also where they lie outside of
   /// the range. OnSortExchange(2, row, row, LowCol, HighCol) after each exchange, OnChange once at the end. Not stable;
-  /// a NaN key never moves. A column that does not exist, or a range of one row: nothing.
+  /// a NaN key never moves, and the rows before and behind it are not put in order with each other. A column that does
+  /// not exist, or a range of one row: nothing.
   void SortRows(Integer SortColIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow);
   /// The same for columns by the cells of row SortRowIx; OnSortExchange(1, column, column, LowRow, HighRow).
   void SortCols(Integer SortRowIx, Boolean Ascending, Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow);

@@ -67,10 +67,10 @@ Boolean MatrixCore<Self, T>::ReadFromOpenXMLFile(TTextFile& XMLFile, const TStri
   zor::detail::XmlMatrixReader reader(XMLFile, kIndices);
   Self made;
   if (!reader.find(DataID, made.FDataID)) return false;
-  // Before the first cell, and at the end of a matrix without cells, the announced size is judged.
+  // Before the first cell, and at the end of a matrix without cells, the announced size is judged: it must stand there.
   const auto size_fits = [&] {
     const Int64 cells = zor::detail::checked_product(made.FAuxCol, made.FAuxRow);
-    return zor::detail::may_allocate(cells, XMLFile.Remaining(), zor::detail::kSmallestXmlCell);
+    return cells > 0 && zor::detail::may_allocate(cells, XMLFile.Remaining(), zor::detail::kSmallestXmlCell);
   };
   TString attributes, content;
   std::array<Integer, 2> at{};

@@ -192,11 +192,12 @@ class ZOR_API VectorCore {
   /// The same corrected to a sample; 0.0 below four values. The formula applies to equal values too, which then have a
   /// kurtosis above 0.
   void SkewKurtSample(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis) const;
-  /// Counts elements FirstElem to LastElem (taken as given; elements outside read 0) in bins [FirstBin + b BinWidth, +
-  /// BinWidth), the last of which begins at LastBin. Histo gets one cell a bin; Underflow lies below FirstBin, Overflow
-  /// behind the last bin (NaN too); MaxCnt is the largest count. TVector: false for more than kMaxBins bins, a BinWidth
-  /// not above 0 or limits not finite, with the outputs untouched. TIntVector: a BinWidth below 1 counts as 1; more
-  /// bins throw EZORVectorError "invalid number of bins".
+  /// Counts elements FirstElem to LastElem, taken as they stand: elements outside read 0, so that (0, 0) counts one
+  /// zero, not the vector, and reversed bounds count nothing. The bins are [FirstBin + b BinWidth, + BinWidth), the
+  /// last of which begins at LastBin. Histo gets one cell a bin; Underflow lies below FirstBin, Overflow behind the
+  /// last bin (NaN too); MaxCnt is the largest count. TVector: false for more than kMaxBins bins, a BinWidth not above
+  /// 0 or limits not finite, with the outputs untouched. TIntVector: a BinWidth below 1 counts as 1; more bins throw
+  /// EZORVectorError "invalid number of bins".
   Boolean Histogram(Integer FirstElem, Integer LastElem, T FirstBin, T LastBin, T BinWidth, TIntArray& Histo,
                     Integer& Underflow, Integer& Overflow, Integer& MaxCnt) const;
   /// The same into a vector, which gets as many elements as there are bins: OnChange and OnResize of a new size, then
