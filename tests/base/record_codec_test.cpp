@@ -125,10 +125,10 @@ TEST(RecordFile, IntegerCellsFill1024ARecordAndConvertBothWays) {
   EXPECT_EQ(rounded, (std::vector<Integer>{2, -4, kMost, std::numeric_limits<Integer>::min(), 0}));
 }
 
-TEST(RecordFile, IsUnfinishedUntilFinish) {
-  TempFile temp;
+TEST(RecordFile, StaysTheOldOneUntilFinish) {
+  const TempFile temp("old");
   { RecordFileWriter(temp.path(), {2, 1, 0, 0, "", kDoubleCells}).write(ramp(1)); }
-  EXPECT_EQ(RecordFileReader(temp.path()).head().Format, kUnfinished);
+  EXPECT_EQ(temp.contents(), "old");
 }
 
 TEST(RecordFile, AppendsTimeSlotsAndRaisesTheCountLast) {

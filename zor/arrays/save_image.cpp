@@ -1,7 +1,5 @@
 #include "zor/arrays/save_image.h"
 
-#include <cstdio>
-
 #include "zor/arrays/walk_internal.h"
 #include "zor/imaging/ZOR_imaging.h"
 #include "zor/runtime/text.h"
@@ -26,24 +24,11 @@ void paint(TBitmap& bitmap, const TInt2DArray& img, std::size_t magnif) {
   }
 }
 
-/// Writes the file after all of it has been made; a failed write removes it.
-void save(const TGraphic& picture, const TString& name) {
-  const auto file = picture.Encode();
-  ZOR_runtime::TFileStream stream(name, ZOR_runtime::fmCreate);
-  try {
-    stream.WriteBuffer(file.data(), static_cast<std::int64_t>(file.size()));
-    stream.Close();
-  } catch (...) {
-    std::remove(name.utf8().c_str());
-    throw;
-  }
-}
-
 template <class Picture>
 void save_as(const TBitmap& bitmap, const TString& name) {
   Picture picture;
   picture.Assign(&bitmap);
-  save(picture, name);
+  picture.SaveToFile(name);
 }
 
 }  // namespace
@@ -61,7 +46,7 @@ Integer SaveArrayAsImg(const TString& FName, const TInt2DArray& Img, Integer Mag
   } else if (jpg) {
     save_as<TJPEGImage>(bitmap, FName);
   } else if (bmp) {
-    save(bitmap, FName);
+    bitmap.SaveToFile(FName);
   } else {
     Clipboard().Assign(&bitmap);
   }

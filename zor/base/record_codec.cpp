@@ -6,6 +6,7 @@
 
 #include "zor/base/reader_limits.h"
 #include "zor/base/stream_numbers.h"
+#include "zor/runtime/file_replacement.h"
 #include "zor/runtime/numbers.h"
 
 namespace zor::detail {
@@ -112,36 +113,31 @@ void RecordFileReader::read(std::span<Integer> cells) {
 }
 
 RecordFileWriter::RecordFileWriter(const TString& FName, const RecordHead& head)
-    : stream_(FName, ZOR_runtime::fmCreate), head_(head), append_(false) {
-  RecordHead unfinished = head;
-  unfinished.Format = kUnfinished;
-  write_head(stream_, unfinished);
+    : stream_(std::make_unique<FileReplacement>(FName)), head_(head), append_(false) {
+  write_head(*stream_, head);
 }
 
 RecordFileWriter::RecordFileWriter(const TString& FName, const RecordHead& head, AppendTag)
-    : stream_(FName, ZOR_runtime::fmOpenReadWrite), head_(head), append_(true) {
-  stream_.SetPosition(position_of(head.cells(), head.cell_bytes()));
+    : stream_(std::make_unique<TFileStream>(FName, ZOR_runtime::fmOpenReadWrite)), head_(head), append_(true) {
+  stream_->SetPosition(position_of(head.cells(), head.cell_bytes()));
 }
 
-void RecordFileWriter::write(std::span<const Double> cells) { write_numbers(stream_, cells); }
-void RecordFileWriter::write(std::span<const Integer> cells) { write_numbers(stream_, cells); }
+void RecordFileWriter::write(std::span<const Double> cells) { write_numbers(*stream_, cells); }
+void RecordFileWriter::write(std::span<const Integer> cells) { write_numbers(*stream_, cells); }
 
 void RecordFileWriter::finish() {
-  const Int64 end = stream_.Position();
+  const Int64 end = stream_->Position();
   const Int64 padding = (kRecordBytes - end % kRecordBytes) % kRecordBytes;
   constexpr std::array<std::byte, kRecordBytes> kZeros{};
-  stream_.WriteBuffer(kZeros.data(), padding);
-  stream_.Flush();
+  stream_->WriteBuffer(kZeros.data(), padding);
   if (append_) {
+    stream_->Flush();
     const Int64 slot = head_.cells() / std::max(head_.NrTimeSlots, 1);
     const Int64 slots = (end - kRecordBytes) / head_.cell_bytes() / slot;
-    stream_.SetPosition(kTimeSlotsAt);
-    ZOR_streams::WriteLongintToStream(stream_, to_integer(to_size(slots)));
-  } else {
-    stream_.SetPosition(kFormatAt);
-    ZOR_streams::WriteLongintToStream(stream_, head_.Format);
+    stream_->SetPosition(kTimeSlotsAt);
+    ZOR_streams::WriteLongintToStream(*stream_, to_integer(to_size(slots)));
   }
-  stream_.Close();
+  stream_->Close();
 }
 
 }  // namespace zor::detail

@@ -26,9 +26,7 @@ inline constexpr Int64 kRecordBytes = 4096;
 /// Bytes of the head that carry something; a shorter file has no head.
 inline constexpr Int64 kHeadBytes = 276;
 
-/// Formats. A writer marks its file as unfinished until all of it is there, so that a torn file is accepted by no
-/// reader.
-inline constexpr Integer kUnfinished = 0;
+/// Formats; 0 is none.
 inline constexpr Integer kDoubleCells = 1;
 inline constexpr Integer kIntegerCells = 2;
 
@@ -36,7 +34,7 @@ struct RecordHead {
   Integer NrColumns = 0, NrRows = 0, NrLayers = 0, NrTimeSlots = 0;
   /// Cut at 255 characters when written; those above U+00FF become "?".
   TString DataID = {};
-  Integer Format = kUnfinished;
+  Integer Format = 0;
 
   /// Number of cells, 0 layers or time slots counting as 1; -1 if a size is below 1 or the product exceeds 64 bits.
   ZOR_API Int64 cells() const noexcept;
@@ -84,7 +82,7 @@ class ZOR_API RecordFileWriter {
  public:
   enum AppendTag { kAppend };
 
-  /// Creates the file and writes the head, marked as unfinished until finish.
+  /// Begins a file that takes the place of the old one in finish; without that the old one stays.
   RecordFileWriter(const TString& FName, const RecordHead& head);
   /// Opens a complete file with time slots, of which `head` is the head, to write further slots behind its cells. Bytes
   /// in use are never rewritten, and the head only in finish: a crash leaves the old file valid.
@@ -93,11 +91,11 @@ class ZOR_API RecordFileWriter {
   /// Writes the next cells, in the type of the format.
   void write(std::span<const Double> cells);
   void write(std::span<const Integer> cells);
-  /// Fills up the last record, writes the head with its final format, or number of time slots, and closes the file.
+  /// Fills up the last record, writes the number of time slots if they were appended, and closes the file.
   void finish();
 
  private:
-  ZOR_runtime::TFileStream stream_;
+  std::unique_ptr<ZOR_runtime::TFileStream> stream_;
   RecordHead head_;
   bool append_;
 };

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "zor/runtime/file_replacement.h"
+
 namespace ZOR_imaging {
 
 EInvalidGraphic::~EInvalidGraphic() = default;
@@ -19,7 +21,7 @@ void TGraphic::Assign(const TPersistent* Source) {
 
 void TGraphic::SaveToFile(const TString& FileName) const {
   const auto file = Encode();
-  ZOR_runtime::TFileStream stream(FileName, ZOR_runtime::fmCreate);
+  zor::detail::FileReplacement stream(FileName);
   stream.WriteBuffer(file.data(), static_cast<std::int64_t>(file.size()));
   stream.Close();
 }

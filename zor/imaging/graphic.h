@@ -66,7 +66,7 @@ class ZOR_API TGraphic : public ZOR_runtime::TPersistent {
   /// Replaces the picture by the one in a file of its format. Memory stays in proportion to the size of the file.
   virtual void Decode(std::span<const std::byte> File) = 0;
 
-  /// Writes the file only when all of it has been made.
+  /// Replaces the file as a whole: what fails, or is cut short, leaves the old one.
   void SaveToFile(const TString& FileName) const;
   void LoadFromFile(const TString& FileName);
   void SaveToStream(ZOR_runtime::TStream& Stream) const;

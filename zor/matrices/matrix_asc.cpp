@@ -104,7 +104,7 @@ Integer TMatrix::ExportAsASC(const TString& FName, Integer Precision, const TStr
                              const TStr2DArray& CustData) const {
   TTextFile file(FName);
   try {
-    file.Rewrite();
+    file.Replace();
   } catch (const Exception&) {
     return kCannotCreateFile;
   }

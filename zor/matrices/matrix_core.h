@@ -358,7 +358,7 @@ class ZOR_API MatrixCore {
   Integer ImportASC(const TString& FName, TString& Comment);
   Integer ImportASC(const TString& FName, TString& Comment, TStr2DArray& CustData);
   /// Writes a range as plain text: the line "LoC LoR HiC HiR", then one line a row with blanks between the cells, as
-  /// Precision says. True as soon as the file could be created, also if writing fails later.
+  /// Precision says. True as soon as the file could be created, also if writing fails later, which leaves the old file.
   Boolean StoreOnFile(Integer LoC, Integer LoR, Integer HiC, Integer HiR, const TString& FileName) const;
   /// Reads the plain form into the cells that it names; with AdjustMatrixSize the matrix is first sized to the last of
   /// them. False, without values, if that lies beyond the size. Words that are no numbers leave their cell, NAN gives
@@ -377,8 +377,8 @@ class ZOR_API MatrixCore {
   /// Reads the stream form from the current place; OnChange for each cell and once at the end. False for a null stream,
   /// a range beyond the size, or an early end.
   Boolean LoadFromStream(TStream* InStream, Boolean AdjustMatrixSize);
-  /// Writes a file of 4096-byte records (record_codec.h), row after row. EInOutError if that fails; such a file is read
-  /// by nobody.
+  /// Writes a file of 4096-byte records (record_codec.h), row after row. EInOutError if that fails; the old file
+  /// stays.
   void SaveBinary(const TString& FName) const;
   /// Reads such a file: size, cells and DataID; OnChange, and OnResize if the size changed. 0; with nothing changed,
   /// kNotThisKind, kFileTooShort or kUnreadable.

@@ -161,7 +161,7 @@ void MatrixCore<Self, T>::WriteToXMLStream(TStream* OutStream, Boolean CreateHea
 template <class Self, Cell T>
 void MatrixCore<Self, T>::SaveAsXMLFile(const TString& FName, const TString& DataID) const {
   TTextFile file(FName);
-  file.Rewrite();
+  file.Replace();
   WriteToOpenXMLFile(file, true, DataID);
   file.Close();
 }

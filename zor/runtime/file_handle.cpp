@@ -1,14 +1,16 @@
 #include "zor/runtime/file_handle.h"
 
 #include <fcntl.h>
+#include <locale.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
+#include <cstring>
 #include <limits>
 #include <string>
-#include <system_error>
 #include <utility>
 
 #include "zor/runtime/exception.h"
@@ -42,20 +44,41 @@ auto again_if_interrupted(Call call) {
   return result;
 }
 
+constinit std::atomic<const FileCallWatch*> g_watch{nullptr};
+
 }  // namespace
+
+FileCallScope::FileCallScope(FileCallWatch watch) : watch_(std::move(watch)) { g_watch = &watch_; }
+
+FileCallScope::~FileCallScope() { g_watch = nullptr; }
+
+int refusal(FileCall call) {
+  const FileCallWatch* const watch = g_watch.load(std::memory_order_acquire);
+  return watch ? (*watch)(call) : 0;
+}
+
+std::string reason_of(int number) {
+  // What strerror gives follows the program's language.
+  static const locale_t plain = ::newlocale(LC_ALL_MASK, "C", locale_t{});
+  return plain ? ::strerror_l(number, plain) : "error " + std::to_string(number);
+}
 
 void fail_io(std::string_view action, const ZOR_runtime::TString& name, std::string_view reason) {
   throw ZOR_runtime::EInOutError(ZOR_runtime::TString(action) + " \"" + name + "\": " + ZOR_runtime::TString(reason));
 }
 
-void FileHandle::fail(const char* action, int reason) const {
-  fail_io(action, name_, std::generic_category().message(reason));
+void FileHandle::fail(const char* action, int reason) const { fail_io(action, name_, reason_of(reason)); }
+
+void FileHandle::fail_changing(const char* action, int reason) {
+  failed_ = true;
+  fail(action, reason);
 }
 
 FileHandle::FileHandle(const ZOR_runtime::TString& name, FileAccess access) : name_(name) {
   const char* const action = access == FileAccess::kCreate ? "cannot create" : "cannot open";
   const std::string path = name.utf8();
   if (path.find('\0') != std::string::npos) fail(action, EINVAL);
+  if (const int refused = access == FileAccess::kCreate ? refusal(FileCall::kCreate) : 0) fail(action, refused);
   descriptor_ = again_if_interrupted([&] { return ::open(path.c_str(), flags_of(access) | O_CLOEXEC, 0666); });
   if (descriptor_ < 0) fail(action, errno);
   struct stat about {};
@@ -65,6 +88,9 @@ FileHandle::FileHandle(const ZOR_runtime::TString& name, FileAccess access) : na
   }
   has_position_ = ::lseek(descriptor_, 0, SEEK_CUR) >= 0;
 }
+
+FileHandle::FileHandle(ZOR_runtime::TString name, int descriptor) noexcept
+    : name_(std::move(name)), descriptor_(descriptor), has_position_(::lseek(descriptor, 0, SEEK_CUR) >= 0) {}
 
 FileHandle::~FileHandle() {
   if (is_open()) ::close(descriptor_);
@@ -93,12 +119,13 @@ void FileHandle::write_at(std::int64_t position, const void* from, std::size_t c
   while (done < count) {
     const std::size_t block = std::min(count - done, kLargestBlock);
     const char* const at = static_cast<const char*>(from) + done;
+    if (const int refused = refusal(FileCall::kWrite)) fail_changing("cannot write", refused);
     const auto put = again_if_interrupted([&] {
       return has_position_ ? ::pwrite(descriptor_, at, block, position + static_cast<std::int64_t>(done))
                            : ::write(descriptor_, at, block);
     });
-    if (put < 0) fail("cannot write", errno);
-    if (put == 0) fail("cannot write", ENOSPC);
+    if (put < 0) fail_changing("cannot write", errno);
+    if (put == 0) fail_changing("cannot write", ENOSPC);
     done += static_cast<std::size_t>(put);
   }
 }
@@ -110,11 +137,23 @@ std::int64_t FileHandle::size() const {
 }
 
 void FileHandle::set_size(std::int64_t size) {
-  if (again_if_interrupted([&] { return ::ftruncate(descriptor_, size); }) != 0) fail("cannot resize", errno);
+  if (const int refused = refusal(FileCall::kResize)) fail_changing("cannot resize", refused);
+  if (again_if_interrupted([&] { return ::ftruncate(descriptor_, size); }) != 0) fail_changing("cannot resize", errno);
+}
+
+void FileHandle::sync() {
+  if (failed_) fail("cannot write", EIO);
+  if (const int refused = refusal(FileCall::kSync)) fail_changing("cannot write", refused);
+  // EINVAL: a file system without such a call.
+  if (again_if_interrupted([&] { return ::fsync(descriptor_); }) != 0 && errno != EINVAL && errno != ENOTSUP)
+    fail_changing("cannot write", errno);
 }
 
 void FileHandle::close() {
-  if (is_open() && ::close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR) fail("cannot close", errno);
+  if (!is_open()) return;
+  const int refused = refusal(FileCall::kClose);
+  if (::close(std::exchange(descriptor_, -1)) != 0 && errno != EINTR) fail_changing("cannot close", errno);
+  if (refused) fail_changing("cannot close", refused);
 }
 
 }  // namespace zor::detail

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "zor/runtime/exception.h"
+#include "zor/runtime/file_replacement.h"
 
 namespace ZOR_runtime {
 namespace {
@@ -130,7 +131,7 @@ void TMemoryStream::LoadFromFile(const TString& FileName) {
 }
 
 void TMemoryStream::SaveToFile(const TString& FileName) const {
-  TFileStream file(FileName, fmCreate);
+  zor::detail::FileReplacement file(FileName);
   file.WriteBuffer(bytes_.data(), static_cast<Int64>(bytes_.size()));
   file.Close();
 }
@@ -143,8 +144,8 @@ TFileStream::TFileStream(const TString& FileName, Word Mode) : file_(FileName, a
 
 TFileStream::~TFileStream() {
   try {
-    Close();
-  } catch (const Exception&) {  // Flush and Close tell those who ask
+    TFileStream::Close();
+  } catch (...) {  // Flush and Close report to those who call them
   }
 }
 
@@ -159,7 +160,7 @@ void TFileStream::need_open() const {
 void TFileStream::store_changes() {
   if (changed_begin_ == changed_end_) return;
   const std::size_t begin = changed_begin_, end = changed_end_;
-  changed_begin_ = changed_end_ = 0;  // a failed write is told once
+  changed_begin_ = changed_end_ = 0;  // a failed write is reported once
   file_.write_at(window_ + static_cast<Int64>(begin), buffer_.get() + begin, end - begin);
 }
 

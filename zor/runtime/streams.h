@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "zor/runtime/file_handle.h"
@@ -71,6 +72,7 @@ class ZOR_API TMemoryStream : public TStream {
   std::span<const std::byte> Bytes() const noexcept { return bytes_; }
   /// Replaces the stream by the contents of a file, position 0. The stream stays as it was if the file cannot be read.
   void LoadFromFile(const TString& FileName);
+  /// Replaces the file as a whole: what fails, or is cut short, leaves the old one.
   void SaveToFile(const TString& FileName) const;
   const char* ClassName() const noexcept override;
 
@@ -88,7 +90,7 @@ inline constexpr Word fmAppend = 0xFF01;
 /// Stream on a file, with a buffer for small reads and writes; large blocks go straight to the caller's memory.
 ///
 /// What was written is surely in the file after Flush or Close, which raise EInOutError if it cannot be stored. The
-/// destructor closes too but has no way to tell.
+/// destructor closes too but cannot report a failure.
 class ZOR_API TFileStream : public TStream {
  public:
   /// Opens a file with one of the modes fmOpenRead, fmOpenWrite, fmOpenReadWrite (position 0; the file must exist),
@@ -106,10 +108,13 @@ class ZOR_API TFileStream : public TStream {
 
   const TString& FileName() const noexcept { return file_.name(); }
   void Flush();
-  void Close();
+  virtual void Close();
   const char* ClassName() const noexcept override;
 
  protected:
+  /// A stream on a file that is open for reading and writing.
+  explicit TFileStream(zor::detail::FileHandle file) noexcept : file_(std::move(file)) {}
+  zor::detail::FileHandle& handle() noexcept { return file_; }
   TString label() const override;
 
  private:

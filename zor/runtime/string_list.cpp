@@ -68,7 +68,7 @@ void TStringList::LoadFromFile(const TString& FileName) {
 
 void TStringList::SaveToFile(const TString& FileName) const {
   TTextFile file(FileName);
-  file.Rewrite();
+  file.Replace();
   for (const TString& text : strings_) file.WriteLn(text);
   file.Close();
 }

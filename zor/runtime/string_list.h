@@ -41,7 +41,8 @@ class ZOR_API TStringList : public TPersistent {
   /// Replaces the list by the lines of a file in UTF-8; raises EInOutError, and leaves the list as it was, if the file
   /// cannot be read.
   void LoadFromFile(const TString& FileName);
-  /// Writes the texts as lines; raises EInOutError if that fails. A line feed inside a text comes back as two texts.
+  /// Writes the texts as lines; raises EInOutError, and leaves the old file, if that fails. A line feed inside a text
+  /// comes back as two texts.
   void SaveToFile(const TString& FileName) const;
 
   /// Copies another list; other sources as TPersistent.

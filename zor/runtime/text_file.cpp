@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "zor/runtime/exception.h"
+#include "zor/runtime/file_replacement.h"
 #include "zor/runtime/number_reader.h"
 #include "zor/runtime/number_writer.h"
 #include "zor/runtime/utf8.h"
@@ -81,9 +82,10 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // ---- open and close
 
 TTextFile::~TTextFile() {
+  if (replacing_) return;
   try {
     Close();
-  } catch (const Exception&) {  // Flush and Close tell those who ask
+  } catch (...) {  // Flush and Close report to those who call them
   }
 }
 
@@ -145,13 +147,22 @@ void TTextFile::open_for_writing(TStream* stream, Int64 start) {
   mode_ = Mode::kWriting;
 }
 
-void TTextFile::Rewrite() {
+void TTextFile::rewrite(bool replacing) {
   Close();
   if (text_.data()) fail("cannot write", "text in memory can only be read");
   if (borrowed_) return open_for_writing(borrowed_, borrowed_->Position());
-  file_ = std::make_unique<TFileStream>(name_, fmCreate);
+  if (replacing) {
+    file_ = std::make_unique<zor::detail::FileReplacement>(name_);
+  } else {
+    file_ = std::make_unique<TFileStream>(name_, fmCreate);
+  }
+  replacing_ = replacing;
   open_for_writing(file_.get(), 0);
 }
+
+void TTextFile::Rewrite() { rewrite(false); }
+
+void TTextFile::Replace() { rewrite(true); }
 
 void TTextFile::Append() {
   Close();
@@ -173,6 +184,7 @@ void TTextFile::Flush() {
 
 void TTextFile::Close() {
   const Mode was = std::exchange(mode_, Mode::kClosed);
+  replacing_ = false;
   if (was == Mode::kClosed) return;
   const auto file = std::move(file_);
   TStream* const stream = std::exchange(stream_, nullptr);
@@ -365,7 +377,7 @@ Boolean TTextFile::ReadInteger(Integer& i) {
 // ---- writing
 
 void TTextFile::store() {
-  const std::size_t n = std::exchange(used_, 0);  // a failed write is told once
+  const std::size_t n = std::exchange(used_, 0);  // a failed write is reported once
   window_ += static_cast<Int64>(n);
   if (n) stream_->WriteBuffer(buffer_.get(), static_cast<Int64>(n));
 }

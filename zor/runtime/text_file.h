@@ -29,7 +29,7 @@ class ZOR_API TTextFile {
  public:
   TTextFile() noexcept = default;
   explicit TTextFile(const TString& FName) { Assign(FName); }
-  /// Closes the file. A write that fails here goes unnoticed: call Close before.
+  /// Closes the file. A write that fails here goes unnoticed: call Close before. A file opened by Replace is dropped.
   ~TTextFile();
   TTextFile(const TTextFile&) = delete;
   TTextFile& operator=(const TTextFile&) = delete;
@@ -46,6 +46,9 @@ class ZOR_API TTextFile {
   void Reset();
   /// Creates the file, or empties it, and opens it for writing.
   void Rewrite();
+  /// Opens for writing a file that takes the place of the one with this name when Close succeeds, and never if it is
+  /// not called: what fails, or is cut short, leaves the old file. Streams are written as by Rewrite.
+  void Replace();
   /// Opens for writing behind what the file holds; creates it if there is none.
   void Append();
   /// Hands what was written to the operating system.
@@ -122,6 +125,7 @@ class ZOR_API TTextFile {
   char* make_room(std::size_t n);
   void store();
   void open_for_writing(TStream* stream, Int64 start);
+  void rewrite(bool replacing);
   void start_reading();
   [[noreturn]] void fail(std::string_view action, std::string_view reason) const;
 
@@ -132,6 +136,7 @@ class ZOR_API TTextFile {
   TStream* stream_ = nullptr;  // file_ or borrowed_; null for text in memory
   Int64 start_ = 0;            // position in stream_ at which the text begins
   Mode mode_ = Mode::kClosed;
+  bool replacing_ = false;
   bool more_ = false;  // the stream may have more to read
   Char pending_ = 0;   // second half of a character of which the first half was read
 

@@ -16,7 +16,7 @@ template <class WriteCell>
 Integer export_asc(const TString& name, const TString& comment, Integer rows, WriteCell write_cell) {
   TTextFile file(name);
   try {
-    file.Rewrite();
+    file.Replace();
   } catch (const Exception&) {
     return kCannotCreateFile;
   }
