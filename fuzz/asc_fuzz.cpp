@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "fuzz/heap_bound.h"
 #include "fuzz/slow_stream.h"
 #include "zor/base/asc_codec.h"
 
@@ -46,6 +47,7 @@ AscContents read_asc(ZOR_runtime::TTextFile& file, std::size_t size) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const fuzz::HeapBound bound(size);
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   SlowStream stream(bytes);
   ZOR_runtime::TTextFile whole, pieces;

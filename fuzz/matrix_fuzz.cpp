@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "fuzz/heap_bound.h"
 #include "fuzz/memory_file.h"
 #include "zor/matrices/ZOR_matrix.h"
 
@@ -15,13 +16,11 @@ using namespace ZOR_matrix;
 using fuzz::MemoryFile;
 using fuzz::require;
 
-constexpr std::int64_t kFreeCells = std::int64_t{1} << 24;
-
 inline std::int64_t cells_of(const TMatrix& m) { return std::int64_t{m.NrOfColumns()} * m.NrOfRows(); }
 
 inline void check_size(const TMatrix& m, std::size_t size) {
   require(m.NrOfColumns() >= 1 && m.NrOfRows() >= 1);
-  require(cells_of(m) <= kFreeCells || cells_of(m) <= static_cast<std::int64_t>(size) + 1);
+  require(zor::detail::may_allocate(8 * cells_of(m), static_cast<std::int64_t>(size)));
 }
 
 inline bool unchanged(const TMatrix& m) { return m.NrOfColumns() == 2 && m.NrOfRows() == 1 && m.GetVal(2, 1) == 7.0; }
@@ -80,6 +79,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) return 0;
   const unsigned form = data[0] % 8;
   ++data, --size;
+  const fuzz::HeapBound bound(size);
   if (form == 0) {
     read_xml(data, size);
   } else if (form < 3) {

@@ -3,11 +3,13 @@
 #include <cstdint>
 #include <vector>
 
+#include "fuzz/heap_bound.h"
 #include "fuzz/slow_stream.h"
 #include "zor/base/record_codec.h"
 #include "zor/runtime/exception.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const fuzz::HeapBound bound(size);
   using namespace zor::detail;
   ZOR_runtime::TMemoryStream stream;
   stream.WriteBuffer(data, static_cast<Int64>(size));

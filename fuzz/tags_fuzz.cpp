@@ -5,10 +5,12 @@
 #include <string_view>
 #include <vector>
 
+#include "fuzz/heap_bound.h"
 #include "fuzz/slow_stream.h"
 #include "zor/base/tags.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const fuzz::HeapBound bound(size);
   using namespace ZOR_zorbase;
   static const std::vector<TString> tags = {"numcols", "numrows", "cell", "matrix", "/matrix", "x", "invalidtag"};
   std::string_view bytes(reinterpret_cast<const char*>(data), size);

@@ -4,10 +4,12 @@
 #include <cstdint>
 #include <string_view>
 
+#include "fuzz/heap_bound.h"
 #include "fuzz/slow_stream.h"
 #include "zor/runtime/text_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const fuzz::HeapBound bound(size);
   using namespace ZOR_runtime;
   if (size == 0) return 0;
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);

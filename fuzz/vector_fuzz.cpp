@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "fuzz/heap_bound.h"
 #include "fuzz/memory_file.h"
 #include "zor/vectors/ZOR_vector.h"
 
@@ -14,12 +15,10 @@ using namespace ZOR_vector;
 using fuzz::MemoryFile;
 using fuzz::require;
 
-constexpr std::int64_t kFreeCells = std::int64_t{1} << 24;
-
 template <class V>
 void check_size(const V& v, std::size_t size) {
   require(v.NrOfElem() >= 1);
-  require(v.NrOfElem() <= kFreeCells || static_cast<std::size_t>(v.NrOfElem()) <= size + 1);
+  require(zor::detail::may_allocate(std::int64_t{4} * v.NrOfElem(), static_cast<std::int64_t>(size)));
 }
 
 template <class V>
@@ -58,6 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (size == 0) return 0;
   const unsigned form = data[0] % 11;
   ++data, --size;
+  const fuzz::HeapBound bound(size);
   if (form < 3) {
     read_files<TVector>(data, size, form);
   } else if (form < 6) {

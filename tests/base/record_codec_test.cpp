@@ -163,10 +163,14 @@ TEST(RecordFile, AFullTargetRaises) {
 }
 
 TEST(ReaderLimits, BoundWhatAFileMayAnnounce) {
-  EXPECT_TRUE(may_allocate(kFreeCells, 0, 2));
-  EXPECT_FALSE(may_allocate(kFreeCells + 1, 0, 2));
-  EXPECT_TRUE(may_allocate(kFreeCells + 1, 2 * kFreeCells + 2, 2));
-  EXPECT_FALSE(may_allocate(checked_product(Int64{1} << 62, 2), std::numeric_limits<Int64>::max(), 1));
+  EXPECT_TRUE(may_allocate(kFreeBytes, 0));
+  EXPECT_FALSE(may_allocate(kFreeBytes + 1, 0));
+  EXPECT_TRUE(may_allocate(kFreeBytes + 32 * 100, 100));
+  EXPECT_FALSE(may_allocate(kFreeBytes + 32 * 100 + 1, 100));
+  EXPECT_FALSE(may_allocate(checked_product(Int64{1} << 62, 2), std::numeric_limits<Int64>::max()));
+  EXPECT_EQ(column_array_bytes<Double>(3, 1), 3 * (24 + 24 + 8 + 8)) << "handle, head, cell of a row, cell";
+  EXPECT_EQ(column_array_bytes<Double>(kMost, std::numeric_limits<Int64>::max()), -1);
+  EXPECT_EQ(column_array_bytes<Double>(-1, 1), -1);
   EXPECT_EQ(checked_product(0, 5), 0);
   EXPECT_EQ(checked_product(-1, 5), -1);
 }

@@ -54,9 +54,9 @@ TGraphic::PixelArray TGraphic::blank(Integer width, Integer height) {
 
 TGraphic::PixelArray TGraphic::blank_for_file(std::int64_t width, std::int64_t height, std::size_t file_bytes) {
   // Compression as PNG uses it reaches 1032 bytes for one, so a file of true colour holds 344 pixels a byte at most;
-  // other formats reach less. A picture of up to 48 MiB may also be made of fewer bits for each pixel.
+  // other formats reach less. A picture of up to 16 MiB may also be made of fewer bits for each pixel.
   constexpr std::int64_t kMostPixelsForByte = 344;
-  constexpr std::int64_t kAlwaysAllowed = std::int64_t{1} << 24;
+  constexpr std::int64_t kAlwaysAllowed = (std::int64_t{1} << 24) / std::int64_t{sizeof(TRGBPixel)};
   if (width < 0 || height < 0 || width > zor::detail::kMaxInteger || height > zor::detail::kMaxInteger) {
     throw EInvalidGraphic("a picture with a size that is out of range");
   }

@@ -151,9 +151,8 @@ Integer MatrixCore<Self, T>::import_asc(const TString& FName, TString& Comment, 
   Integer code = zor::detail::read_asc_header(file, header);
   Comment = header.Comment;
   if (code != 0) return code;
-  const Int64 cells = zor::detail::checked_product(header.NrCols, header.NrRows);
-  if (cells == 0 || !zor::detail::may_allocate(cells, file.Remaining() + 1, zor::detail::kSmallestTextCell))
-    return kNoCells;
+  const Int64 bytes = zor::detail::column_array_bytes<T>(header.NrCols, header.NrRows);
+  if (header.NrCols == 0 || header.NrRows == 0 || !zor::detail::may_allocate(bytes, file.Remaining())) return kNoCells;
 
   if (header.ColNames) zor::detail::skip_asc_column_names(file, header.NrCols);
   Resize(header.NrCols, header.NrRows);

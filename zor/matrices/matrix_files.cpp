@@ -83,8 +83,8 @@ Boolean MatrixCore<Self, T>::LoadFromFile(const TString& FileName, Boolean Adjus
       if (!file.ReadInteger(*bound)) return false;
     }
     if (AdjustMatrixSize) {
-      const Int64 cells = zor::detail::checked_product(std::max(cols.hi, 0), std::max(down.hi, 0));
-      if (!zor::detail::may_allocate(cells, file.Remaining() + 1, zor::detail::kSmallestTextCell)) return false;
+      const Int64 bytes = zor::detail::column_array_bytes<T>(std::max(cols.hi, 0), std::max(down.hi, 0));
+      if (!zor::detail::may_allocate(bytes, file.Remaining())) return false;
       Resize(cols.hi, down.hi);
     }
     if (cols.hi <= dense_columns() && down.hi <= dense_rows()) {
@@ -116,8 +116,7 @@ Boolean TMatrix::LoadFromFile(const TString& FileName, Boolean AdjustMatrixSize,
       return LoadFromFile(FileName, AdjustMatrixSize);
     }
     if (AdjustMatrixSize) {
-      const Int64 cells = zor::detail::checked_product(columns, lines);
-      if (!zor::detail::may_allocate(cells, bytes, zor::detail::kSmallestTextCell)) return false;
+      if (!zor::detail::may_allocate(zor::detail::column_array_bytes<Double>(columns, lines), bytes)) return false;
       Resize(zor::detail::to_integer(zor::detail::to_size(columns)),
              zor::detail::to_integer(zor::detail::to_size(lines)));
     }

@@ -39,8 +39,8 @@ Boolean MatrixCore<Self, T>::LoadFromStream(TStream* InStream, Boolean AdjustMat
   }
   if (AdjustMatrixSize) {
     const Int64 remaining = InStream->Size() - InStream->Position();
-    const Int64 cells = zor::detail::checked_product(std::max(cols.hi, 0), std::max(down.hi, 0));
-    if (!zor::detail::may_allocate(cells, remaining, sizeof(T))) return false;
+    const Int64 bytes = zor::detail::column_array_bytes<T>(std::max(cols.hi, 0), std::max(down.hi, 0));
+    if (!zor::detail::may_allocate(bytes, remaining)) return false;
     Resize(cols.hi, down.hi);
   }
   Boolean result = cols.hi <= dense_columns() && down.hi <= dense_rows();

@@ -69,8 +69,8 @@ Boolean MatrixCore<Self, T>::ReadFromOpenXMLFile(TTextFile& XMLFile, const TStri
   if (!reader.find(DataID, made.FDataID)) return false;
   // Before the first cell, and at the end of a matrix without cells, the announced size is judged: it must stand there.
   const auto size_fits = [&] {
-    const Int64 cells = zor::detail::checked_product(made.FAuxCol, made.FAuxRow);
-    return cells > 0 && zor::detail::may_allocate(cells, XMLFile.Remaining(), zor::detail::kSmallestXmlCell);
+    const Int64 bytes = zor::detail::column_array_bytes<T>(made.FAuxCol, made.FAuxRow);
+    return made.FAuxCol > 0 && made.FAuxRow > 0 && zor::detail::may_allocate(bytes, XMLFile.Remaining());
   };
   TString attributes, content;
   std::array<Integer, 2> at{};

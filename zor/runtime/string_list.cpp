@@ -61,7 +61,17 @@ void TStringList::LoadFromFile(const TString& FileName) {
   TTextFile file(FileName);
   file.Reset();
   std::vector<TString> lines;
-  for (TString line; file.ReadLn(line);) lines.push_back(line);
+  std::string_view line;
+  if (file.Remaining() > 0) {
+    // An empty line is one byte and a TString has 32: no list that grows, and is copied, as it is read. What has no
+    // size, such as a pipe, can be read only once.
+    std::size_t count = 0;
+    while (file.read_line(line)) ++count;
+    lines.reserve(count);
+    file.SetPosition(0);
+    file.Reset();
+  }
+  while (file.read_line(line)) lines.emplace_back(line);
   file.Close();
   strings_.swap(lines);
 }

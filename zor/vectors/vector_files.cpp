@@ -56,7 +56,8 @@ Boolean VectorCore<Self, T>::LoadFromFile(const TString& FileName, Boolean Adjus
     Integer lo = 0, hi = 0;
     if (!file.ReadInteger(lo) || !file.ReadInteger(hi)) return false;
     if (AdjustVectorSize) {
-      if (hi > 0 && !zor::detail::may_allocate(hi, file.Remaining(), zor::detail::kSmallestTextCell)) return false;
+      constexpr Int64 kCell = sizeof(T);
+      if (hi > 0 && !zor::detail::may_allocate(kCell * hi, file.Remaining())) return false;
       Resize(hi);
     }
     if (hi <= NrOfElem()) {

@@ -33,7 +33,8 @@ Boolean VectorCore<Self, T>::LoadFromStream(TStream* InStream, Boolean AdjustVec
     return false;
   if (AdjustVectorSize) {
     const Int64 remaining = InStream->Size() - InStream->Position();
-    if (hi > 0 && !zor::detail::may_allocate(hi, remaining, sizeof(T))) return false;
+    constexpr Int64 kCell = sizeof(T);
+    if (hi > 0 && !zor::detail::may_allocate(kCell * hi, remaining)) return false;
     Resize(hi);
   }
   Boolean result = hi <= NrOfElem();
