@@ -17,6 +17,7 @@
 #include "zor/scalar/ZOR_complex.h"
 #include "zor/scalar/ZOR_math1.h"
 #include "zor/scalar/ZOR_sline.h"
+#include "zor/statistics/ZOR_statis.h"
 #include "zor/transforms/ZOR_fourier.h"
 #include "zor/transforms/ZOR_wavelet.h"
 #include "zor/vectors/ZOR_vector.h"
