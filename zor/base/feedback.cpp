@@ -15,6 +15,14 @@ void feedback_step(double steps) {
   ZOR_zorbase::MathFeedBackProc(total);
 }
 
+void feedback_steps(std::size_t count) {
+  if (!feedback_listens()) {
+    ZOR_zorbase::ProcStat += static_cast<double>(count);
+    return;
+  }
+  for (; count > 0; --count) feedback_step();
+}
+
 bool feedback_step_aborts(double steps) {
   feedback_step(steps);
   return ZOR_zorbase::AbortMathProc;

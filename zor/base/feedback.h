@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 
 #include "zor/runtime/types.h"
 
@@ -77,6 +78,9 @@ namespace zor::detail {
 
 /// One feedback step of a computation that cannot be aborted: adds `steps`, then calls the procedure.
 ZOR_API void feedback_step(double steps = 1.0);
+
+/// `count` feedback steps of a computation that cannot be aborted; at once where no procedure is set.
+ZOR_API void feedback_steps(std::size_t count);
 
 /// One feedback step of a computation that can be aborted; true if it shall stop.
 ZOR_API bool feedback_step_aborts(double steps = 1.0);

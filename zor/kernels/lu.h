@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "zor/export.h"
+#include "zor/kernels/steps.h"
 
 /// \file  Triangular factors of square matrices, and the inverse from them.
 /// Columns are given by pointers, a[c][r] is the cell in row r of column c. A matrix is replaced by its factors: L
@@ -15,14 +16,12 @@
 
 namespace zor::kernels {
 
-/// Called before each column; true asks for an end.
-using StepAborts = bool (*)();
-
 enum class Factored { done, singular, aborted };
 
 /// Scaled partial pivoting: the pivot is the cell with the largest |cell| / (largest magnitude of its row in the whole
 /// matrix), the last one of equals. `singular` leaves the matrix alone if a row holds no magnitude above 0; else
-/// pivots below 1e-100 in magnitude were replaced by 1e-100, or a column held no number to compare.
+/// pivots below 1e-100 in magnitude were replaced by 1e-100, or a column held no number to compare. `step` is called
+/// before each column.
 ZOR_API Factored factor_scaled(double* const* a, std::size_t n, std::size_t* exchanges, StepAborts step);
 
 /// Partial pivoting: the largest magnitude of the column, the first of equals. A pivot 0 leaves its column undivided;

@@ -5,49 +5,13 @@
 
 #include "zor/kernels/dispatch.h"
 #include "zor/kernels/levels/moments.h"
+#include "zor/kernels/twofold.h"
 
 namespace zor::kernels {
 
 ZOR_KERNEL_TABLE(MomentsTable, kMoments)
 
 namespace {
-
-/// Errors of products below this are dropped: there the error itself may not be a double.
-constexpr double kSmallProduct = 0x1p-960;
-
-/// a + b and its rounding error.
-DoubleDouble two_sum(double a, double b) {
-  const double s = a + b;
-  const double t = s - a;
-  return {s, (a - (s - t)) + (b - t)};
-}
-
-/// a * b and its rounding error.
-DoubleDouble two_product(double a, double b) {
-  const double p = a * b;
-  return {p, std::abs(p) >= kSmallProduct ? std::fma(a, b, -p) : 0.0};
-}
-
-/// Pair with |lo| <= ulp(hi) / 2. What is not finite has no low part.
-DoubleDouble normal(double hi, double lo) {
-  const double s = hi + lo;
-  if (!std::isfinite(s)) return {hi, 0.0};
-  return {s, lo - (s - hi)};
-}
-
-DoubleDouble operator-(DoubleDouble a, DoubleDouble b) {
-  const DoubleDouble s = two_sum(a.hi, -b.hi);
-  return normal(s.hi, s.lo + (a.lo - b.lo));
-}
-DoubleDouble operator*(DoubleDouble a, DoubleDouble b) {
-  const DoubleDouble p = two_product(a.hi, b.hi);
-  return normal(p.hi, p.lo + (a.hi * b.lo + a.lo * b.hi));
-}
-DoubleDouble operator/(DoubleDouble a, double b) {
-  const double q = a.hi / b;
-  const DoubleDouble p = two_product(q, b);
-  return normal(q, ((a.hi - p.hi) - p.lo + a.lo) / b);
-}
 
 void take(PartialSums& sums, std::size_t lane, double x, double error) {
   const DoubleDouble s = two_sum(sums.hi[lane], x);

@@ -98,15 +98,30 @@ void reflect_rows(const double* v, double tau, double* const* a, std::size_t col
   if (tau != 0.0) table().from_right(v, tau, a, cols, row, rows);
 }
 
+namespace {
+/// Reflection k of form_product joins the product of those behind it.
+void join_product(double* const* a, const double* tau, std::size_t k, std::size_t cols, std::size_t row,
+                  std::size_t rows) {
+  double* const v = a[k] + row + k;
+  const std::size_t length = rows - k;
+  reflect_columns(v, tau[k], a + k + 1, cols - k - 1, row + k, length);
+  for (std::size_t i = 1; i < length; ++i) v[i] *= -tau[k];
+  v[0] = 1.0 - tau[k];
+  std::fill(a[k], v, 0.0);
+}
+}  // namespace
+
 void form_product(double* const* a, const double* tau, std::size_t cols, std::size_t row, std::size_t rows) noexcept {
+  for (std::size_t k = cols; k-- > 0;) join_product(a, tau, k, cols, row, rows);
+}
+
+bool form_product(double* const* a, const double* tau, std::size_t cols, std::size_t row, std::size_t rows,
+                  StepAborts step) {
   for (std::size_t k = cols; k-- > 0;) {
-    double* const v = a[k] + row + k;
-    const std::size_t length = rows - k;
-    reflect_columns(v, tau[k], a + k + 1, cols - k - 1, row + k, length);
-    for (std::size_t i = 1; i < length; ++i) v[i] *= -tau[k];
-    v[0] = 1.0 - tau[k];
-    std::fill(a[k], v, 0.0);
+    if (step()) return false;
+    join_product(a, tau, k, cols, row, rows);
   }
+  return true;
 }
 
 void combine_columns(const double* const* a, const double* u, std::size_t cols, std::size_t row, std::size_t rows,

@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "zor/export.h"
+#include "zor/kernels/steps.h"
 
 /// \file  Reflections and rotations of the columns of a matrix: what the eigenvalue and singular value methods consist
 /// of. Columns are given by pointers, a[c][r] is the cell in row r of column c; a call works on the rows row ... row +
@@ -45,6 +46,9 @@ ZOR_API void reflect_rows(const double* v, double tau, double* const* a, std::si
 /// rows - 1 by the first `cols` columns of the product of all of them, in order. The rows above become 0.
 ZOR_API void form_product(double* const* a, const double* tau, std::size_t cols, std::size_t row,
                           std::size_t rows) noexcept;
+/// The same with a step for each reflection, the last one first; false if a step asked for an end.
+ZOR_API bool form_product(double* const* a, const double* tau, std::size_t cols, std::size_t row, std::size_t rows,
+                          StepAborts step);
 
 /// out[r] = sum of a[j][row + r] * u[j] over j, ascending from 0.0.
 ZOR_API void combine_columns(const double* const* a, const double* u, std::size_t cols, std::size_t row,

@@ -20,10 +20,13 @@ struct Bidiagonal {
   std::size_t n;
 };
 
+bool go_on() { return false; }
+
 /// Leaves the triangular factor in the first n rows of `r` (which may be a), and reflections on and below the diagonal
 /// of a, if that is another matrix.
-void triangular_factor(double* const* a, std::size_t m, std::size_t n, double* const* r, double* tau) {
+bool triangular_factor(double* const* a, std::size_t m, std::size_t n, double* const* r, double* tau, StepAborts step) {
   for (std::size_t k = 0; k < n; ++k) {
+    if (step()) return false;
     const Reflection h = make_reflection(a[k] + k, m - k);
     reflect_columns(a[k] + k, h.tau, a + k + 1, n - k - 1, k, m - k);
     tau[k] = h.tau;
@@ -31,20 +34,22 @@ void triangular_factor(double* const* a, std::size_t m, std::size_t n, double* c
     r[k][k] = h.image;
     std::fill(r[k] + k + 1, r[k] + n, 0.0);
   }
+  return true;
 }
 
 /// Leaves the reflections from the left on and below the diagonal of a. Those from the right go to the columns of v
 /// from the second one on, likewise; without v they are lost in `row`, n cells.
-void bidiagonalize(double* const* a, std::size_t m, const Bidiagonal& b, double* left_tau, double* const* v,
-                   double* right_tau, double* row) {
+bool bidiagonalize(double* const* a, std::size_t m, const Bidiagonal& b, double* left_tau, double* const* v,
+                   double* right_tau, double* row, StepAborts step) {
   b.above[0] = 0.0;
   for (std::size_t k = 0;; ++k) {
+    if (step()) return false;
     const std::size_t rest = b.n - k - 1;
     const Reflection left = make_reflection(a[k] + k, m - k);
     reflect_columns(a[k] + k, left.tau, a + k + 1, rest, k, m - k);
     b.values[k] = left.image;
     left_tau[k] = left.tau;
-    if (rest == 0) return;
+    if (rest == 0) return true;
     double* const u = v ? v[k + 1] + k + 1 : row;
     for (std::size_t j = 0; j < rest; ++j) u[j] = a[k + 1 + j][k];
     const Reflection right = make_reflection(u, rest);
@@ -108,20 +113,21 @@ void sweep(const Bidiagonal& b, std::size_t first, std::size_t last, RotationLog
   d[last] = x;
 }
 
-/// Makes b diagonal. Values may come out negative. False if one of them did not converge.
-bool diagonalize(const Bidiagonal& b, RotationLog& left, RotationLog& right) {
+/// Makes b diagonal. Values may come out negative.
+Decomposed diagonalize(const Bidiagonal& b, RotationLog& left, RotationLog& right, StepAborts step) {
   double norm = 0.0;
   for (std::size_t i = 0; i < b.n; ++i) norm = std::max(norm, std::abs(b.values[i]) + std::abs(b.above[i]));
   const auto negligible = [norm](double x) { return std::abs(x) + norm == norm; };
-  bool converged = true;
+  Decomposed result = Decomposed::done;
   for (std::size_t k = b.n; k-- > 0;) {
+    if (step()) return Decomposed::aborted;
     for (int sweeps = 0;; ++sweeps) {
       std::size_t first = k;
       while (!negligible(b.above[first]) && !negligible(b.values[first - 1])) --first;
       if (!negligible(b.above[first])) cancel(b, first, k, norm, left);
       if (first == k) break;
       if (sweeps == kMaxSweeps) {
-        converged = false;
+        result = Decomposed::not_converged;
         break;
       }
       sweep(b, first, k, left, right);
@@ -129,7 +135,7 @@ bool diagonalize(const Bidiagonal& b, RotationLog& left, RotationLog& right) {
   }
   left.flush();
   right.flush();
-  return converged;
+  return result;
 }
 
 /// Multiplies a, m x n, by q, n x n, from the right.
@@ -141,49 +147,56 @@ void multiply_columns(double* const* a, std::size_t m, double* const* q, std::si
   }
 }
 
-/// The body of both functions; v is null where no vectors are wanted.
-bool decompose(double* const* a, std::size_t m, std::size_t n, double* values, double* const* v, double* const* square,
-               double* work) {
+/// The body of all functions; v is null where no vectors are wanted.
+Decomposed decompose(double* const* a, std::size_t m, std::size_t n, double* values, double* const* v,
+                     double* const* square, double* work, StepAborts step) {
   const double scale = scale_matrix(a, n, m);
-  if (std::isnan(scale)) return std::fill_n(values, n, scale), false;
+  if (std::isnan(scale)) return std::fill_n(values, n, scale), Decomposed::not_finite;
   double* const left_tau = work + n;
   double* const right_tau = work + 2 * n;
-  double* const row = work + 3 * n;
+  double* const row = work + 3 * n;  // with v: the factors of the triangular form
   double* const log = work + 4 * n;
   const Bidiagonal b{values, work, n};
   const bool tall = 2 * m >= 3 * n;
   double* const* const left = tall && v ? square : a;
   const std::size_t rows = tall ? n : m;
-  if (tall) triangular_factor(a, m, n, left, left_tau);
-  if (tall && v) form_product(a, left_tau, n, 0, m);
-  bidiagonalize(left, rows, b, left_tau, v, right_tau, row);
+  // Of a tall matrix the steps are those of the long columns.
+  if (tall && !triangular_factor(a, m, n, left, row, step)) return Decomposed::aborted;
+  if (!bidiagonalize(left, rows, b, left_tau, v, right_tau, row, tall ? go_on : step)) return Decomposed::aborted;
   if (v) {
-    form_product(left, left_tau, n, 0, rows);
     v[0][0] = 1.0;
     std::fill_n(v[0] + 1, n - 1, 0.0);
-    form_product(v + 1, right_tau, n - 1, 1, n - 1);
+    if (!form_product(v + 1, right_tau, n - 1, 1, n - 1, step) || step()) return Decomposed::aborted;
+    if (tall) form_product(left, left_tau, n, 0, rows);
+    if (!form_product(a, tall ? row : left_tau, n, 0, m, step)) return Decomposed::aborted;
   }
   RotationLog left_log(v ? left : nullptr, rows, n, log);
   RotationLog right_log(v, n, n, log + RotationLog::cells(n));
-  const bool converged = diagonalize(b, left_log, right_log);
+  const Decomposed result = diagonalize(b, left_log, right_log, step);
+  if (result == Decomposed::aborted) return result;
   if (tall && v) multiply_columns(a, m, square, n, log);
   for (std::size_t k = 0; k < n; ++k) {
     if (values[k] < 0.0 && v)
       for (std::size_t r = 0; r < n; ++r) v[k][r] = -v[k][r];
     values[k] = std::abs(values[k]) / scale;
   }
-  return converged;
+  return result;
 }
 
 }  // namespace
 
 bool singular_values(double* const* a, std::size_t m, std::size_t n, double* values, double* work) noexcept {
-  return decompose(a, m, n, values, nullptr, nullptr, work);
+  return decompose(a, m, n, values, nullptr, nullptr, work, go_on) == Decomposed::done;
 }
 
 bool singular_value_decomposition(double* const* u, std::size_t m, std::size_t n, double* values, double* const* v,
                                   double* const* square, double* work) noexcept {
-  return decompose(u, m, n, values, v, square, work);
+  return decompose(u, m, n, values, v, square, work, go_on) == Decomposed::done;
+}
+
+Decomposed singular_value_decomposition(double* const* u, std::size_t m, std::size_t n, double* values,
+                                        double* const* v, double* const* square, double* work, StepAborts step) {
+  return decompose(u, m, n, values, v, square, work, step);
 }
 
 }  // namespace zor::kernels

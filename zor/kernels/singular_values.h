@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "zor/export.h"
+#include "zor/kernels/steps.h"
 
 /// \file  Singular values and vectors of a matrix (Golub, Kahan, 1965; Golub, Reinsch, Singular value decomposition and
 /// least squares solutions, 1970): reflections to bidiagonal form, then sweeps of implicit shifted QR steps.
@@ -26,5 +27,14 @@ ZOR_API bool singular_values(double* const* a, std::size_t m, std::size_t n, dou
 /// not written.
 ZOR_API bool singular_value_decomposition(double* const* u, std::size_t m, std::size_t n, double* values,
                                           double* const* v, double* const* square, double* work) noexcept;
+
+/// How a decomposition with steps ended: with all values; with some that did not converge, everything else as it came;
+/// at a cell that is not finite; by a step, with u lost.
+enum class Decomposed { done, not_converged, not_finite, aborted };
+
+/// The same with 4 n steps: one for each column in the reduction of u, in the accumulation of V, in that of U, and in
+/// the search for each value.
+ZOR_API Decomposed singular_value_decomposition(double* const* u, std::size_t m, std::size_t n, double* values,
+                                                double* const* v, double* const* square, double* work, StepAborts step);
 
 }  // namespace zor::kernels
