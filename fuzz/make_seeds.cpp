@@ -4,6 +4,7 @@
 #include <iostream>
 #include <string>
 
+#include "zor/analysis/ZOR_math2.h"
 #include "zor/base/asc_codec.h"
 #include "zor/base/record_codec.h"
 #include "zor/matrices/ZOR_matrix.h"
@@ -155,6 +156,13 @@ int main(int argc, char** argv) {
   write_asc(root + "asc/empty", {"no rows", 2, 0, false, true, false, false}, 4);
   write_text(root + "asc/bare_names", "c\n2\t;\n1\t;\nFALSE TRUE FALSE\nx   y\n1.5\t-2e3\n");
   write_text(root + "asc/crlf_huge", "c\r\n1\r\n2147483647\r\nFALSE FALSE FALSE FALSE\r\n1\r\n###");
+
+  for (const int pairs : {0, 1, 5}) {
+    ZOR_math2::TCurveFit fit;
+    for (int i = 0; i < pairs; ++i) fit.EnterStatValue(i * 1.5, -i / 3.0);
+    fit.ExportAsASC(root + "curve_fit/pairs" + std::to_string(pairs), "pairs", 3 * pairs);
+  }
+  write_asc(root + "curve_fit/attributes", {"names and attributes", 2, 3, true, false, true, true}, 4);
 
   write_text(root + "tags/matrix",
              "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<matrix id=\"a\">\n<numcols>2</numcols>\n"

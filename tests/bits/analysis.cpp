@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "bits.h"
@@ -27,4 +29,22 @@ ZOR_BITS(analysis) {
   print("second derivative");
   FirstDeriv(&signal, 1, 5003, &result, 11);
   print("first derivative");
+
+  TCurveFit fit;
+  for (std::size_t i = 0; i < 2000; ++i) fit.EnterStatValue(2.0 + x[i], 3.0 + x[i] + 0.5 * x[i + 2000]);
+  const auto parameters = [&](std::string_view name) {
+    std::vector<double> k(22);
+    for (Integer i = 0; i < 22; ++i) k[static_cast<std::size_t>(i)] = fit.ModelPar(1 + i / 11, i % 11);
+    k.push_back(fit.FitQual());
+    bits::print(name, k);
+  };
+  for (const TRegModel model : {rmLinear, rmParabolic, rmGaussian, rmReciLin, rmHyperbolic, rmLog, rmPower, rmHoerl,
+                                rmPolynomial, rmCenteredPoly}) {
+    fit.CalcRegModel(model, 4);
+    parameters(std::string("model ").append(std::to_string(model)));
+  }
+  Double quality, significance;
+  Boolean valid;
+  bits::print("correlations", std::vector{fit.CorrCoeff(), fit.SpearmanRankCorr(), fit.KendallsTau(significance)});
+  bits::print("splines", std::vector{fit.CubicSpline(2.3), fit.SmoothedSpline(2.3, quality, valid), quality});
 }
