@@ -12,6 +12,7 @@
 #include "zor/base/ZOR_univconst.h"
 #include "zor/base/ZOR_zorbase.h"
 #include "zor/base/ZOR_zorcolors.h"
+#include "zor/datatable/ZOR_datatable.h"
 #include "zor/imaging/ZOR_imaging.h"
 #include "zor/matrices/ZOR_matrix.h"
 #include "zor/scalar/ZOR_complex.h"
