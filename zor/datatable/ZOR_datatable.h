@@ -2,6 +2,7 @@
 
 #include "zor/datatable/ZOR_datatable_fwd.h"
 #include "zor/datatable/data_table.h"
+#include "zor/datatable/table_print.h"
 
 /// \file  The data table: a matrix of numbers whose columns have a name, an attribute, a measurement scale and a list
 /// of nominal identifiers, whose rows have a name and an attribute, and whose cells have a state. A cell is named by

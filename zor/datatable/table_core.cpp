@@ -47,7 +47,7 @@ TDataTable::TDataTable(std::initializer_list<TNamedColumn> list, TComponent* AOw
 
 TTableModel::~TTableModel() { release_matrix(); }
 
-TDataTable::TDataTable(TComponent* AOwner) : TTableEdits(AOwner) {}
+TDataTable::TDataTable(TComponent* AOwner) : TTableStatistics(AOwner) {}
 
 const char* TDataTable::ClassName() const noexcept { return "TDataTable"; }
 
