@@ -111,6 +111,46 @@ void write_asc_name(TTextFile& file, const TString& name) {
   file.Write("\"");
 }
 
+void write_asc_text(TTextFile& file, const TString& text) {
+  std::string out = "\"";
+  for (const char c : text.utf8()) {
+    switch (c) {
+      case '\\':
+        out += "\\\\";
+        break;
+      case '"':
+        out += "\\\"";
+        break;
+      case '\n':
+        out += "\\n";
+        break;
+      case '\t':
+        out += "\\t";
+        break;
+      default:
+        out += c;
+    }
+  }
+  file.Write(out + '"');
+}
+
+Boolean read_asc_text(TTextFile& file, TString& text) {
+  file.skip_blanks();
+  if (file.read_byte() != '"') return false;
+  std::string bytes;
+  for (int c = file.read_byte(); c != '"'; c = file.read_byte()) {
+    if (c == '\\') {
+      c = file.read_byte();
+      if (c == 'n') c = '\n';
+      if (c == 't') c = '\t';
+    }
+    if (c < 0) return false;
+    bytes += static_cast<char>(c);
+  }
+  text = bytes;
+  return true;
+}
+
 Boolean read_asc_name(TTextFile& file, TString& name) {
   std::string bytes;
   int c = 0;

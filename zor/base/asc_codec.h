@@ -58,6 +58,11 @@ ZOR_API void write_asc_name(TTextFile& file, const TString& name);
 /// Reads the next name in double quotes, whatever stands before it. False if the file ends first; the name is then what
 /// was read.
 ZOR_API Boolean read_asc_name(TTextFile& file, TString& name);
+/// Writes any text in double quotes, with \\ and a letter for quotes, line feeds, tabs and backslashes inside it, as
+/// the blocks behind the rows have it.
+ZOR_API void write_asc_text(TTextFile& file, const TString& text);
+/// Reads such a text behind blanks; false if there is none, or the file ends in it.
+ZOR_API Boolean read_asc_text(TTextFile& file, TString& text);
 /// Reads the line of column names into names[0] to names[count - 1]; names may be null. A line that does not begin with
 /// a quote holds bare names, separated by blanks or tabs. Names that are missing are empty.
 ZOR_API void read_asc_column_names(TTextFile& file, Integer count, TString* names);

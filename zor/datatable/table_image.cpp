@@ -13,7 +13,7 @@ TTableImage::TTableImage(Integer column_count, Integer row_count) {
   zor::detail::set_length(columns, column_count);
   zor::detail::set_length(rows, row_count);
   SetLength(states, column_count, row_count);
-  SetLength(cells, column_count, row_count);
+  if (column_count > 0 && row_count > 0) SetLength(cells, column_count, row_count);
 }
 
 }  // namespace ZOR_datatable

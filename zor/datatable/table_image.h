@@ -30,7 +30,7 @@ struct TTableFrame {
   Integer nrows() const noexcept { return Length(rows); }
 };
 
-/// A whole table: cells[c][r] counts from 0.
+/// A whole table: cells[c][r] counts from 0; null while there is no cell.
 struct TTableImage : TTableFrame {
   TTableImage() = default;
   /// A table of this size in which everything has its default. Throws EOutOfMemory.

@@ -13,8 +13,8 @@ template <class Record>
 Integer attribute_levels(const TDynArray<Record>& records) {
   std::vector<Integer> values;
   for (const Record& record : records) values.push_back(record.attribute);
-  std::ranges::sort(values);
-  return zor::detail::to_integer(static_cast<std::size_t>(std::ranges::unique(values).begin() - values.begin()));
+  std::sort(values.begin(), values.end());
+  return zor::detail::to_integer(static_cast<std::size_t>(std::unique(values.begin(), values.end()) - values.begin()));
 }
 
 }  // namespace

@@ -13,46 +13,6 @@ namespace {
 
 constexpr std::string_view kCustomMark = ";custdata";
 
-void write_quoted(TTextFile& file, const TString& text) {
-  std::string out = "\"";
-  for (const char c : text.utf8()) {
-    switch (c) {
-      case '\\':
-        out += "\\\\";
-        break;
-      case '"':
-        out += "\\\"";
-        break;
-      case '\n':
-        out += "\\n";
-        break;
-      case '\t':
-        out += "\\t";
-        break;
-      default:
-        out += c;
-    }
-  }
-  file.Write(out + '"');
-}
-
-bool read_quoted(TTextFile& file, TString& text) {
-  file.skip_blanks();
-  if (file.read_byte() != '"') return false;
-  std::string bytes;
-  for (int c = file.read_byte(); c != '"'; c = file.read_byte()) {
-    if (c == '\\') {
-      c = file.read_byte();
-      if (c == 'n') c = '\n';
-      if (c == 't') c = '\t';
-    }
-    if (c < 0) return false;
-    bytes += static_cast<char>(c);
-  }
-  text = bytes;
-  return true;
-}
-
 void write_custom_cells(TTextFile& file, const TStr2DArray& cells) {
   if (cells.empty() || cells[0].empty()) return;
   for (const TStrArray& column : cells) {
@@ -66,7 +26,7 @@ void write_custom_cells(TTextFile& file, const TStr2DArray& cells) {
   for (std::size_t r = 0; r < cells[0].size(); ++r) {
     for (std::size_t c = 0; c < cells.size(); ++c) {
       if (c > 0) file.Write("\t");
-      write_quoted(file, cells[c][r]);
+      zor::detail::write_asc_text(file, cells[c][r]);
     }
     file.WriteLn();
   }
@@ -87,7 +47,7 @@ bool read_custom_cells(TTextFile& file, TStr2DArray& cells) {
   SetLength(made, columns, rows);
   for (Integer r = 0; r < rows; ++r) {
     for (Integer c = 0; c < columns; ++c) {
-      if (!read_quoted(file, made[c][r])) return false;
+      if (!zor::detail::read_asc_text(file, made[c][r])) return false;
     }
   }
   cells.swap(made);

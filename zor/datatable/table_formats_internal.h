@@ -1,0 +1,31 @@
+#pragma once
+
+#include "zor/base/reader_limits.h"
+#include "zor/datatable/table_image.h"
+#include "zor/runtime/exception.h"
+
+/// \file  What the readers of tables share.
+
+namespace zor::detail {
+
+/// True if a file of so many bytes may announce a table of this size: what it takes in memory (some 1750 bytes a
+/// column, 64 a row, 9 a cell) is no more than 16 MiB and 32 times the file.
+inline bool may_hold_table(std::int64_t columns, std::int64_t rows, std::int64_t bytes) noexcept {
+  const std::int64_t cells = checked_product(columns, rows);
+  constexpr std::int64_t kMost = std::int64_t{1} << 58;
+  if (cells < 0 || cells > kMost / 16 || bytes > kMost / 64) return false;
+  return 1750 * columns + 64 * rows + 9 * cells <= (std::int64_t{1} << 24) + 32 * bytes;
+}
+
+/// Carries out an export; empty, or the text of the failure.
+template <class Action>
+ZOR_runtime::TString failure_of(Action action) {
+  try {
+    action();
+    return {};
+  } catch (const ZOR_runtime::Exception& failure) {
+    return failure.Message();
+  }
+}
+
+}  // namespace zor::detail
