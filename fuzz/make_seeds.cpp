@@ -7,6 +7,7 @@
 #include "zor/analysis/ZOR_math2.h"
 #include "zor/base/asc_codec.h"
 #include "zor/base/record_codec.h"
+#include "zor/datatable/ZOR_datatable.h"
 #include "zor/matrices/ZOR_matrix.h"
 #include "zor/scalar/ZOR_math1.h"
 #include "zor/vectors/ZOR_vector.h"
@@ -139,6 +140,26 @@ void write_matrices(const std::string& folder) {
              "</numcols><cell iy='2' ix='1'> 7.5\n</cell><cell ix=\"1\" iy=\"1\">4</cell></matrix>");
 }
 
+void write_tables(const std::string& folder) {
+  ZOR_datatable::TDataTable t({{"len", {1.5, -2e300, 0.1}}, {"grp", {"lo", "hi \"<", "lo"}}, {"gap", {1, 2}}});
+  t.SetIsImputed(1, 2, true);
+  t.SetRowAttrib(3, -7);
+  t.SetComment("seed");
+  TMemoryStream written;
+  t.WriteToXMLStream(&written, true, 0, "a"), write_form(folder + "xml", 1, written);
+  write_form(folder + "xml_text", 2, written);
+  written.Clear();
+  t.ExportAsASC(&written, 3), write_form(folder + "asc", 0, written);
+  written.Clear();
+  t.ExportAsCSV(&written, -1, csvComma, true, true, false, false), write_form(folder + "csv", 3, written);
+  write_form(folder + "csv_headers", 28, written);
+  write_text(folder + "bad_csv", "\x03\xEF\xBB\xBF# x\n\"a,\n\";b\r\n1,5;x\r2;NA;more\n;\"q\"\"\"\n");
+  write_text(folder + "blanks", "\x27 1  2\n#\n 3 \"4 5\" \n");
+  write_text(folder + "quoted_asc",
+             "\x00"
+             "c\n2\n1\nFALSE TRUE FALSE TRUE\nx y\n\"a\" ###\n;custdata\t1\t1\n\"\\n\"\n"sv);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -147,7 +168,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::string root = std::string(argv[1]) + "/";
-  for (const char* target : {"asc", "tags", "record_file", "text_file", "vector", "matrix", "number_text"})
+  for (const char* target : {"asc", "tags", "record_file", "text_file", "vector", "matrix", "number_text", "table"})
     std::filesystem::create_directories(root + target);
 
   write_asc(root + "asc/vector", {"one column", 1, 4, false, false, false, false}, 4);
@@ -180,5 +201,6 @@ int main(int argc, char** argv) {
   write_vectors(root + "vector/");
   write_number_text(root + "number_text/");
   write_matrices(root + "matrix/");
+  write_tables(root + "table/");
   return 0;
 }
