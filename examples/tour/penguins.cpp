@@ -24,13 +24,13 @@ std::vector<std::vector<std::string>> described(const TTableSummary& summary) {
 /// One strip of dots for each species, a little apart so that they can be counted.
 void strips(tour::Page& page, const TDataTable& table, Integer mass, Integer species) {
   plot::Chart chart("Body mass of 342 penguins");
-  chart.axes("g", "species, by slot").height(220);
+  chart.axes("g", "").height(260);
   for (Integer slot = 0; slot < table.CountNominalIDs(species); ++slot) {
     std::vector<double> x, y;
     for (const TTableRow row : Rows(table)) {
       if (row[species] != slot || !row.IsNumber(mass)) continue;
       x.push_back(row[mass]);
-      y.push_back(slot + 0.06 * (row.Index() % 9 - 4));
+      y.push_back(10.0 * slot + 0.8 * (row.Index() % 9 - 4));
     }
     chart.scatter(x, y, std::string(table.NominalID(species, slot).view()));
   }

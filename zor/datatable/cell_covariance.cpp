@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <optional>
 #include <vector>
 
 #include "zor/datatable/cell_walk_internal.h"
@@ -14,17 +16,31 @@ namespace {
 namespace kernels = zor::kernels;
 using zor::detail::to_size;
 
-/// A column as the covariance sees it: numbers and which of them take part.
+/// A column as the covariance sees it: numbers less their shift, 0.0 where a cell is not numeric; which ones are not,
+/// as a list and as bits; sums.
 struct Series {
   std::vector<Double> cells;
-  std::vector<std::uint8_t> numeric;
-  bool complete = true;
+  std::vector<std::size_t> gaps;
+  std::vector<std::uint64_t> numeric;
+  Double sum = 0.0, squares = 0.0;
+  bool finite = true;
 };
+
+bool is_numeric_at(const Series& s, std::size_t i) noexcept { return (s.numeric[i / 64] >> (i % 64) & 1) != 0; }
+
+/// Rows in which both are numeric.
+std::size_t common_rows(const Series& a, const Series& b) noexcept {
+  std::size_t n = 0;
+  for (std::size_t w = 0; w < a.numeric.size(); ++w) {
+    n += static_cast<std::size_t>(std::popcount(a.numeric[w] & b.numeric[w]));
+  }
+  return n;
+}
 
 /// Calls f with runs of the pairs in which both cells are numeric.
 template <class F>
 void for_pairs(const Series& a, const Series& b, F f) {
-  if (a.complete && b.complete) return f(std::span<const Double>(a.cells), std::span<const Double>(b.cells));
+  if (a.gaps.empty() && b.gaps.empty()) return f(std::span<const Double>(a.cells), std::span<const Double>(b.cells));
   constexpr std::size_t kBlock = 1024;
   std::array<Double, kBlock + 1> x, y;
   for (std::size_t i = 0; i < a.cells.size();) {
@@ -33,40 +49,75 @@ void for_pairs(const Series& a, const Series& b, F f) {
     for (; i < end; ++i) {
       x[n] = a.cells[i];
       y[n] = b.cells[i];
-      n += a.numeric[i] & b.numeric[i];
+      n += is_numeric_at(a, i) && is_numeric_at(b, i);
     }
     f(std::span<const Double>(x.data(), n), std::span<const Double>(y.data(), n));
   }
 }
 
-Double pearson(const Series& a, const Series& b) {
+Double pearson_by_pairs(const Series& a, const Series& b) {
   kernels::PairSums sums;
   for_pairs(a, b, [&](auto x, auto y) { kernels::accumulate(sums, x, y); });
-  const kernels::PairMoments m = kernels::pair_moments(sums);
-  return m.n < 3 ? 0.0 : std::clamp(zor::detail::correlation(m), -1.0, 1.0);
+  return zor::detail::correlation(kernels::pair_moments(sums));
 }
 
-/// Sum of term(x, y) / (n - 1), with twice the precision.
-template <class Term>
-Double mean_of_terms(const Series& a, const Series& b, Term term) {
+/// Sums of the cells of a that have a partner in b: those of all, less those in the gaps of b.
+void leave_out(const Series& a, const Series& b, Double& sum, Double& squares) {
+  sum = a.sum;
+  squares = a.squares;
+  for (const std::size_t i : b.gaps) {
+    sum -= a.cells[i];  // 0.0 in a gap of its own
+    squares -= a.cells[i] * a.cells[i];
+  }
+}
+
+// The series are centred by their means, so that sums over the common rows lose no digits to them; where little of the
+// variance is left, the pairs are summed by themselves.
+Double pearson(const Series& a, const Series& b) {
+  constexpr Double kLittle = 1e-6;
+  const std::size_t n = common_rows(a, b);
+  if (n < 3) return 0.0;
+  const Double count = static_cast<Double>(n);
+  if (a.finite && b.finite) {
+    Double sa, sb, saa, sbb;
+    leave_out(a, b, sa, saa);
+    leave_out(b, a, sb, sbb);
+    const Double cxx = saa - sa * sa / count, cyy = sbb - sb * sb / count;
+    if (cxx > kLittle * a.squares && cyy > kLittle * b.squares && std::isnormal(cxx * cyy)) {
+      const kernels::DoubleDouble products = kernels::dot_twofold(a.cells, b.cells);
+      const Double cxy = products.hi - sa * sb / count;
+      return std::clamp(cxy / std::sqrt(cxx * cyy), -1.0, 1.0);
+    }
+  }
+  return std::clamp(pearson_by_pairs(a, b), -1.0, 1.0);
+}
+
+/// Sum of a b / (n - 1), with twice the precision. Gaps add 0.0, unless the other cell is not finite.
+Double mean_product(const Series& a, const Series& b) {
+  const std::size_t n = common_rows(a, b);
+  if (n < 2) return 0.0;
+  if (a.finite && b.finite) return kernels::dot_twofold(a.cells, b.cells).hi / static_cast<Double>(n - 1);
   kernels::PairSums sums;
-  std::vector<Double> p, q;
-  for_pairs(a, b, [&](std::span<const Double> x, std::span<const Double> y) {
-    p.resize(x.size()), q.resize(x.size());
-    for (std::size_t i = 0; i < x.size(); ++i) term(x[i], y[i], p[i], q[i]);
-    kernels::accumulate(sums, p, q);
-  });
-  if (sums.x.n < 2) return 0.0;
-  const kernels::DoubleDouble sum = kernels::fold(sums.products);
-  return sum.hi / static_cast<Double>(sums.x.n - 1);
+  for_pairs(a, b, [&](auto x, auto y) { kernels::accumulate(sums, x, y); });
+  return kernels::fold(sums.products).hi / static_cast<Double>(n - 1);
 }
 
-Double pair_value(const Series& a, const Series& b, Double mean_a, Double mean_b, Integer mode) {
+Double mean_squared_difference(const Series& a, const Series& b) {
+  kernels::MomentSums sums;
+  std::vector<Double> differences;
+  for_pairs(a, b, [&](std::span<const Double> x, std::span<const Double> y) {
+    differences.resize(x.size());
+    for (std::size_t i = 0; i < x.size(); ++i) differences[i] = x[i] - y[i];
+    kernels::accumulate(sums, differences);
+  });
+  return sums.n < 2 ? 0.0 : kernels::fold(sums.squares).hi / static_cast<Double>(sums.n - 1);
+}
+
+Double pair_value(const Series& a, const Series& b, Integer mode) {
   switch (mode) {
     case 0:
-      return mean_of_terms(a, b, [](Double x, Double y, Double& p, Double& q) { p = x, q = y; });
     case 1:
-      return mean_of_terms(a, b, [=](Double x, Double y, Double& p, Double& q) { p = x - mean_a, q = y - mean_b; });
+      return mean_product(a, b);
     case 2:
       return pearson(a, b);
     case 3: {
@@ -74,10 +125,35 @@ Double pair_value(const Series& a, const Series& b, Double mean_a, Double mean_b
       return r * r;
     }
     case 4:
-      return mean_of_terms(a, b, [](Double x, Double y, Double& p, Double& q) { p = q = x - y; });
+      return mean_squared_difference(a, b);
     default:
       return 0.0;
   }
+}
+
+/// The numbers less the shift, and what belongs to them.
+Series make_series(std::vector<Double> cells, std::span<const Byte> states, std::optional<Double> shift) {
+  Series s;
+  s.numeric.resize((cells.size() + 63) / 64);
+  kernels::MomentSums own;
+  std::vector<Double> numbers;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (i < states.size() && is_numeric_state(states[i])) {
+      s.numeric[i / 64] |= std::uint64_t{1} << (i % 64);
+      numbers.push_back(cells[i]);
+    } else {
+      s.gaps.push_back(i);
+    }
+  }
+  const Double by = shift ? *shift : kernels::mean_variance(numbers).mean;
+  for (Double& x : cells) x -= by;
+  for (const std::size_t i : s.gaps) cells[i] = 0.0;
+  s.cells = std::move(cells);
+  kernels::accumulate(own, s.cells);
+  s.sum = kernels::fold(own.sum).hi;
+  s.squares = kernels::fold(own.squares).hi;
+  s.finite = std::isfinite(s.squares);
+  return s;
 }
 
 }  // namespace
@@ -92,33 +168,37 @@ Boolean TTableStatistics::CalcCovar(TMatrix* CovarMat, Integer LoC, Integer HiC,
   if (n < 1) return true;
   const Integer first_row = std::max(LoR, 1), last_row = std::min(HiR, NrOfRows());
   const std::size_t height = to_size(Int64{last_row} - first_row + 1);
-  std::vector<Series> series(to_size(n));
+  const auto place_of = [&](Int64 i) { return Int64{LoC} + i; };
+  const auto exists = [&](Int64 i) { return place_of(i) >= 1 && place_of(i) <= NrOfColumns() && height > 0; };
+  std::vector<std::vector<Double>> numbers(to_size(n));
+  std::vector<std::vector<Byte>> states(to_size(n));
   for (Int64 i = 0; i < n; ++i) {
-    const Int64 place = Int64{LoC} + i;
-    if (place < 1 || place > NrOfColumns() || first_row > last_row) continue;
-    const auto col = static_cast<Integer>(place);
-    const std::span<const Byte> states = column_states(col).subspan(to_size(first_row - 1), height);
-    Series& s = series[to_size(i)];
-    for (Integer r = first_row; r <= last_row; ++r) s.cells.push_back(GetElem(col, r));
-    for (const Byte state : states) s.numeric.push_back(is_numeric_state(state));
-    s.complete = std::ranges::all_of(s.numeric, [](std::uint8_t flag) { return flag != 0; });
-  }
-  for (Series& s : series) {  // of columns outside nothing is numeric
-    if (s.cells.size() == height) continue;
-    s = {std::vector<Double>(height), std::vector<std::uint8_t>(height), height == 0};
+    numbers[to_size(i)].resize(height);
+    if (!exists(i)) continue;
+    const auto col = static_cast<Integer>(place_of(i));
+    for (Integer r = first_row; r <= last_row; ++r) numbers[to_size(i)][to_size(r - first_row)] = GetElem(col, r);
+    const std::span<const Byte> all = column_states(col).subspan(to_size(first_row - 1), height);
+    states[to_size(i)].assign(all.begin(), all.end());
   }
   std::vector<Double> means(to_size(n));
   for (Int64 i = 0; Mode > 0 && i < n; ++i) {
     Double variance = 0.0;
-    const auto col = static_cast<Integer>(LoC + i);
+    const auto col = static_cast<Integer>(place_of(i));
     MeanVarOfNumCells(col, LoR, col, HiR, means[to_size(i)], variance);
     zor::detail::feedback_step();
+  }
+  std::vector<Series> series;
+  for (Int64 i = 0; i < n; ++i) {
+    std::optional<Double> shift;  // none: the mean of the column itself
+    if (Mode == 1) shift = means[to_size(i)];
+    if (Mode == 0 || Mode == 4) shift = 0.0;
+    series.push_back(make_series(std::move(numbers[to_size(i)]), states[to_size(i)], shift));
   }
   for (Integer i = 0; i < n && !AbortMathProc; ++i) {
     zor::detail::feedback_step();
     if (!fits()) return false;
     for (Integer j = 0; j <= i; ++j) {
-      Double value = pair_value(series[to_size(i)], series[to_size(j)], means[to_size(i)], means[to_size(j)], Mode);
+      Double value = pair_value(series[to_size(i)], series[to_size(j)], Mode);
       if (i == j && (Mode == 2 || Mode == 3)) value = 1.0;
       zor::detail::MatrixCells::column(*CovarMat, j + 1)[to_size(i)] = value;
       zor::detail::MatrixCells::column(*CovarMat, i + 1)[to_size(j)] = value;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 
 #include "zor/datatable/table_statistics.h"
 #include "zor/runtime/numbers.h"
@@ -29,10 +31,11 @@ struct TTableStatistics::Gate {
   }
 };
 
-// Runs in which every cell takes part are handed on as they lie in memory; others are packed block by block.
+// Runs of plain numbers are handed on as they lie in memory; others are packed block by block, eight cells at a time
+// where their states are all 0.
 template <class F>
 void TTableStatistics::for_cells(const Gate& gate, Range cols, Range down, F f) const {
-  constexpr std::size_t kBlock = 512;
+  constexpr std::size_t kBlock = 2048, kWord = 8;
   std::array<Double, kBlock + 1> packed;
   for (Integer c = cols.lo; c <= cols.hi; ++c) {
     const TMScaleType scale = FFrame.columns[c - 1].type.MScaleType;
@@ -41,23 +44,32 @@ void TTableStatistics::for_cells(const Gate& gate, Range cols, Range down, F f) 
     const std::size_t begin = std::min(zor::detail::to_size(down.lo - 1), all.size());
     const std::span<const Double> cells = all.subspan(begin, std::min(down.size(), all.size() - begin));
     const std::span<const Byte> states = column_states(c).subspan(begin, cells.size());
-    const bool round = gate.rounded && is_categorial(scale);
+    const bool round = gate.rounded && is_categorial(scale), plain = gate.takes[0] && !round;
+    const auto all_zero = [&](std::size_t i) {
+      std::uint64_t word = 0;
+      std::memcpy(&word, states.data() + i, kWord);
+      return word == 0;
+    };
     for (std::size_t i = 0; i < cells.size();) {
-      if (!round && gate.takes[states[i]]) {
-        const auto stop = std::find_if(states.begin() + static_cast<std::ptrdiff_t>(i), states.end(),
-                                       [&](Byte state) { return !gate.takes[state]; });
-        const auto end = static_cast<std::size_t>(stop - states.begin());
-        if (end - i >= kBlock) {
-          f(cells.subspan(i, end - i));
-          i = end;
+      std::size_t end = i;
+      while (plain && end + kWord <= cells.size() && all_zero(end)) end += kWord;
+      if (end - i >= kBlock / 4) {
+        f(cells.subspan(i, end - i));
+        i = end;
+        continue;
+      }
+      end = std::min(i + kBlock, cells.size());
+      std::size_t n = 0;
+      while (i < end) {
+        if (plain && i + kWord <= end && all_zero(i)) {
+          std::memcpy(packed.data() + n, cells.data() + i, kWord * sizeof(Double));
+          i += kWord, n += kWord;
           continue;
         }
-      }
-      const std::size_t end = std::min(i + kBlock, cells.size());
-      std::size_t n = 0;
-      for (; i < end; ++i) {
-        packed[n] = round ? zor::detail::round_to_even(cells[i]) : cells[i];
-        n += gate.takes[states[i]];
+        for (const std::size_t stop = std::min(i + kWord, end); i < stop; ++i) {
+          packed[n] = round ? zor::detail::round_to_even(cells[i]) : cells[i];
+          n += gate.takes[states[i]];
+        }
       }
       if (n > 0) f(std::span<const Double>(packed.data(), n));
     }

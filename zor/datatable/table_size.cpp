@@ -35,16 +35,16 @@ Integer TTableModel::MakeValidRowRange(Integer& Lo, Integer& Hi) const noexcept 
 
 void TTableModel::Resize(Integer NrCols, Integer NrRows) {
   if (NrCols < 0 || NrRows < 0 || (NrCols == NrOfColumns() && NrRows == NrOfRows())) return;
-  TTableFrame frame = resized_frame(NrCols, NrRows);
   TDouble2DArray cells = resized_cells(NrCols, NrRows);
+  TTableFrame frame = resized_frame(NrCols, NrRows);
   NumericData->OnChange = FHook;
   replace(frame, cells);
 }
 
 void TTableModel::change_size(Integer columns, Integer rows) {
   if (columns < 0 || rows < 0 || (columns == NrOfColumns() && rows == NrOfRows())) return;
-  TTableFrame frame = resized_frame(columns, rows);
   TDouble2DArray cells = resized_cells(columns, rows);
+  TTableFrame frame = resized_frame(columns, rows);
   replace(frame, cells);
 }
 

@@ -221,17 +221,31 @@ void TDataTable::WriteToOpenXMLFile(TTextFile& F, Boolean CreateHeader, Integer 
   F.Write("<datatable id=\"" + xml_escaped(DataID.utf8()) + "\">\n");
   F.Write("<comment>" + xml_escaped(Comment().utf8()) + "</comment>\n");
   F.Write("<size cols=\"" + number(NrOfColumns()) + "\" rows=\"" + number(NrOfRows()) + "\"></size>\n");
-  const auto list = [&](TDTxmlTags tag, const auto& records, auto text_of) {
-    const std::string name(kTableXmlTags[tag]), item = tag == xmlColNames || tag == xmlColAttrib ? "col" : "row";
+  const auto list = [&](TDTxmlTags tag, const auto& records, auto write_text) {
+    const std::string name(kTableXmlTags[tag]);
+    const std::string_view item = kTableXmlTags[tag == xmlColNames || tag == xmlColAttrib ? xmlColId : xmlRowId];
     F.Write("<" + name + ">");
     for (std::size_t i = 0; i < records.size(); ++i) {
-      F.Write("<" + item + " ix=\"" + number(static_cast<Int64>(i + 1)) + "\">" + text_of(records[i]) + "</" + item +
-              ">");
+      F.Write("<");
+      F.Write(item);
+      F.Write(" ix=\"");
+      F.WriteInteger(static_cast<Int64>(i + 1));
+      F.Write("\">");
+      write_text(records[i]);
+      F.Write("</");
+      F.Write(item);
+      F.Write(">");
     }
     F.Write("</" + name + ">\n");
   };
-  const auto name = [](const auto& record) { return xml_escaped(record.name.view()); };
-  const auto attribute = [&](const auto& record) { return number(record.attribute); };
+  const auto name = [&](const auto& record) {
+    const std::string_view text = record.name.view();
+    const bool plain = std::ranges::all_of(text, [](char c) {
+      return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-';
+    });
+    plain ? F.Write(text) : F.Write(xml_escaped(text));
+  };
+  const auto attribute = [&](const auto& record) { F.WriteInteger(record.attribute); };
   list(xmlColNames, FFrame.columns, name);
   list(xmlRowNames, FFrame.rows, name);
   list(xmlColAttrib, FFrame.columns, attribute);
