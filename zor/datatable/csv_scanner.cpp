@@ -79,7 +79,7 @@ CsvField CsvFields::next() {
 
 CsvRecords find_csv_records(std::string_view bytes, char delimiter, const TCSVOptions& options) {
   CsvRecords records;
-  const bool plain = bytes.find_first_of("\"\r") == bytes.npos;
+  const bool plain = bytes.find('"') == bytes.npos && bytes.find('\r') == bytes.npos;
   Int64 line = 1;
   std::size_t at = bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0;
   const auto end_line = [&] {  // at a line end, or at the end

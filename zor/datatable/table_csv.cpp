@@ -249,8 +249,7 @@ Integer TDataTable::ImportFromCSV(TStream* InStream, const TCSVOptions& Options)
   if (!InStream) return kCSVNoFile;
   std::string bytes;
   try {
-    char block[1 << 14];
-    for (Int64 n = 0; (n = InStream->Read(block, sizeof block)) > 0;) bytes.append(block, to_size(n));
+    bytes = zor::detail::rest_of(*InStream);
   } catch (const EInOutError&) {
     return kCSVUnreadable;
   }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <string>
+
 #include "zor/base/reader_limits.h"
 #include "zor/datatable/table_image.h"
 #include "zor/runtime/exception.h"
+#include "zor/runtime/streams.h"
 
 /// \file  What the readers of tables share.
 
@@ -15,6 +18,20 @@ inline bool may_hold_table(std::int64_t columns, std::int64_t rows, std::int64_t
   constexpr std::int64_t kMost = std::int64_t{1} << 58;
   if (cells < 0 || cells > kMost / 16 || bytes > kMost / 64) return false;
   return 1750 * columns + 64 * rows + 9 * cells <= (std::int64_t{1} << 24) + 32 * bytes;
+}
+
+/// The bytes of a stream from its position on.
+inline std::string rest_of(ZOR_runtime::TStream& stream) {
+  constexpr std::int64_t kBlock = 1 << 16;
+  std::string bytes;
+  bytes.reserve(to_size(stream.Size() - stream.Position()));
+  for (std::int64_t n = kBlock; n == kBlock;) {
+    const std::size_t before = bytes.size();
+    bytes.resize(before + kBlock);
+    n = stream.Read(bytes.data() + before, kBlock);
+    bytes.resize(before + to_size(n));
+  }
+  return bytes;
 }
 
 /// Carries out an export; empty, or the text of the failure.

@@ -184,11 +184,11 @@ Boolean TDataTable::ReadFromOpenXMLFile(TTextFile& F, const TString& DataID) {
 
 Boolean TDataTable::ReadFromXMLStream(TStream* InStream, const TString& DataID) {
   if (!InStream) return false;
-  TTextFile file;
-  file.AssignStream(InStream);
-  file.Reset();
-  const Boolean found = ReadFromOpenXMLFile(file, DataID);
-  file.Close();
+  const Int64 start = InStream->Position();
+  const std::string rest = zor::detail::rest_of(*InStream);
+  std::size_t taken = 0;
+  const Boolean found = read_xml(rest, DataID, taken);
+  InStream->SetPosition(start + static_cast<Int64>(taken));
   return found;
 }
 
