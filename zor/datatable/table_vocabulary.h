@@ -22,7 +22,8 @@
 ///     ... every cell once; `st`, the state, is left out when it is 0 ...
 ///     </datacells>
 ///     </datatable>
-/// Text has & < > " as entities and control characters as &#n;. Numbers that are not finite are NAN, INF, -INF.
+/// The characters for markup and quotes are written as entities, control characters as decimal references. Numbers that
+/// are not finite are NAN, INF, -INF.
 
 namespace ZOR_datatable {
 
