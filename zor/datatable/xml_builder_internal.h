@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "zor/base/xml_text.h"
 #include "zor/datatable/table_formats_internal.h"
 #include "zor/datatable/table_vocabulary.h"
-#include "zor/datatable/xml_text_internal.h"
 #include "zor/matrices/matrix.h"
 
 /// \file  What the elements of a table's document mean, whoever takes it: an image or a table.

@@ -1,7 +1,8 @@
 #include <algorithm>
 
-#include "zor/datatable/xml_text_internal.h"
+#include "zor/base/xml_text.h"
 #include "zor/runtime/number_reader.h"
+#include "zor/runtime/text_file.h"
 
 namespace zor::detail {
 namespace {
