@@ -172,6 +172,11 @@ bool read_blocks(TTextFile& file, TTableImage& image, TStr2DArray* custom) {
 }
 
 Integer read_column_names(TTextFile& file, TTableImage& image) {
+  if (image.ncols() == 0) {  // an empty line, which blanks in front of names must not swallow
+    std::string_view line;
+    file.read_line(line);
+    return 0;
+  }
   TDynArray<TString> names;
   SetLength(names, image.ncols());
   file.skip_blanks();
