@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <bit>
 #include <cmath>
 #include <optional>
 #include <vector>
@@ -30,10 +29,8 @@ bool is_numeric_at(const Series& s, std::size_t i) noexcept { return (s.numeric[
 
 /// Rows in which both are numeric.
 std::size_t common_rows(const Series& a, const Series& b) noexcept {
-  std::size_t n = 0;
-  for (std::size_t w = 0; w < a.numeric.size(); ++w) {
-    n += static_cast<std::size_t>(std::popcount(a.numeric[w] & b.numeric[w]));
-  }
+  std::size_t n = a.cells.size() - a.gaps.size();
+  for (const std::size_t i : b.gaps) n -= is_numeric_at(a, i);
   return n;
 }
 
@@ -71,9 +68,43 @@ void leave_out(const Series& a, const Series& b, Double& sum, Double& squares) {
   }
 }
 
+/// Sums of products of some columns with all columns up to them, with twice the precision; rows are taken in blocks
+/// that stay in the cache for all pairs.
+class Products {
+ public:
+  static constexpr std::size_t kGroup = 8;
+  explicit Products(const std::vector<Series>& series) : series_(series), sums_(kGroup * series.size()) {}
+  /// Sums of the columns first to first + kGroup - 1, as far as they exist.
+  void compute(std::size_t first) {
+    constexpr std::size_t kRows = 2048;
+    const std::size_t height = series_[first].cells.size(), last = std::min(first + kGroup, series_.size());
+    std::ranges::fill(sums_, kernels::DoubleDouble());
+    for (std::size_t r = 0; r < height; r += kRows) {
+      const auto part = [&](std::size_t i) {
+        return std::span<const Double>(series_[i].cells).subspan(r, std::min(kRows, height - r));
+      };
+      for (std::size_t j = 0; j < last; ++j) {
+        for (std::size_t i = std::max(first, j); i < last; ++i) add(sum(i, j), kernels::dot_twofold(part(i), part(j)));
+      }
+    }
+  }
+  /// Of columns i of the group and j <= i.
+  Double operator()(std::size_t i, std::size_t j) { return sum(i, j).hi + sum(i, j).lo; }
+
+ private:
+  kernels::DoubleDouble& sum(std::size_t i, std::size_t j) { return sums_[i % kGroup * series_.size() + j]; }
+  static void add(kernels::DoubleDouble& to, kernels::DoubleDouble x) {
+    const Double hi = to.hi + x.hi, back = hi - to.hi;
+    to.lo += (to.hi - (hi - back)) + (x.hi - back) + x.lo;
+    to.hi = hi;
+  }
+  const std::vector<Series>& series_;
+  std::vector<kernels::DoubleDouble> sums_;
+};
+
 // The series are centred by their means, so that sums over the common rows lose no digits to them; where little of the
 // variance is left, the pairs are summed by themselves.
-Double pearson(const Series& a, const Series& b) {
+Double pearson(const Series& a, const Series& b, Double products) {
   constexpr Double kLittle = 1e-6;
   const std::size_t n = common_rows(a, b);
   if (n < 3) return 0.0;
@@ -84,8 +115,7 @@ Double pearson(const Series& a, const Series& b) {
     leave_out(b, a, sb, sbb);
     const Double cxx = saa - sa * sa / count, cyy = sbb - sb * sb / count;
     if (cxx > kLittle * a.squares && cyy > kLittle * b.squares && std::isnormal(cxx * cyy)) {
-      const kernels::DoubleDouble products = kernels::dot_twofold(a.cells, b.cells);
-      const Double cxy = products.hi - sa * sb / count;
+      const Double cxy = products - sa * sb / count;
       return std::clamp(cxy / std::sqrt(cxx * cyy), -1.0, 1.0);
     }
   }
@@ -93,10 +123,10 @@ Double pearson(const Series& a, const Series& b) {
 }
 
 /// Sum of a b / (n - 1), with twice the precision. Gaps add 0.0, unless the other cell is not finite.
-Double mean_product(const Series& a, const Series& b) {
+Double mean_product(const Series& a, const Series& b, Double products) {
   const std::size_t n = common_rows(a, b);
   if (n < 2) return 0.0;
-  if (a.finite && b.finite) return kernels::dot_twofold(a.cells, b.cells).hi / static_cast<Double>(n - 1);
+  if (a.finite && b.finite) return products / static_cast<Double>(n - 1);
   kernels::PairSums sums;
   for_pairs(a, b, [&](auto x, auto y) { kernels::accumulate(sums, x, y); });
   return kernels::fold(sums.products).hi / static_cast<Double>(n - 1);
@@ -113,15 +143,15 @@ Double mean_squared_difference(const Series& a, const Series& b) {
   return sums.n < 2 ? 0.0 : kernels::fold(sums.squares).hi / static_cast<Double>(sums.n - 1);
 }
 
-Double pair_value(const Series& a, const Series& b, Integer mode) {
+Double pair_value(const Series& a, const Series& b, Double products, Integer mode) {
   switch (mode) {
     case 0:
     case 1:
-      return mean_product(a, b);
+      return mean_product(a, b, products);
     case 2:
-      return pearson(a, b);
+      return pearson(a, b, products);
     case 3: {
-      const Double r = pearson(a, b);
+      const Double r = pearson(a, b, products);
       return r * r;
     }
     case 4:
@@ -176,7 +206,11 @@ Boolean TTableStatistics::CalcCovar(TMatrix* CovarMat, Integer LoC, Integer HiC,
     numbers[to_size(i)].resize(height);
     if (!exists(i)) continue;
     const auto col = static_cast<Integer>(place_of(i));
-    for (Integer r = first_row; r <= last_row; ++r) numbers[to_size(i)][to_size(r - first_row)] = GetElem(col, r);
+    std::vector<Double>& cells = numbers[to_size(i)];
+    const std::span<const Double> column = ColumnView(col);
+    const std::size_t begin = std::min(to_size(first_row - 1), column.size());
+    std::ranges::copy(column.subspan(begin, std::min(height, column.size() - begin)), cells.begin());
+    if (column_is_categorial(col)) std::ranges::transform(cells, cells.begin(), zor::detail::round_to_even);
     const std::span<const Byte> all = column_states(col).subspan(to_size(first_row - 1), height);
     states[to_size(i)].assign(all.begin(), all.end());
   }
@@ -194,11 +228,13 @@ Boolean TTableStatistics::CalcCovar(TMatrix* CovarMat, Integer LoC, Integer HiC,
     if (Mode == 0 || Mode == 4) shift = 0.0;
     series.push_back(make_series(std::move(numbers[to_size(i)]), states[to_size(i)], shift));
   }
+  Products products(series);
   for (Integer i = 0; i < n && !AbortMathProc; ++i) {
     zor::detail::feedback_step();
     if (!fits()) return false;
+    if (to_size(i) % Products::kGroup == 0 && Mode >= 0 && Mode <= 3) products.compute(to_size(i));
     for (Integer j = 0; j <= i; ++j) {
-      Double value = pair_value(series[to_size(i)], series[to_size(j)], Mode);
+      Double value = pair_value(series[to_size(i)], series[to_size(j)], products(to_size(i), to_size(j)), Mode);
       if (i == j && (Mode == 2 || Mode == 3)) value = 1.0;
       zor::detail::MatrixCells::column(*CovarMat, j + 1)[to_size(i)] = value;
       zor::detail::MatrixCells::column(*CovarMat, i + 1)[to_size(j)] = value;
