@@ -11,13 +11,12 @@
 
 namespace zor::detail {
 
-/// True if a file of so many bytes may announce a table of this size: what it takes in memory (some 1750 bytes a
-/// column, 64 a row, 9 a cell) is no more than 16 MiB and 32 times the file.
+/// True if a file of so many bytes may announce a table of this size, which takes some 1750 bytes a column, 64 a row
+/// and 9 a cell.
 inline bool may_hold_table(std::int64_t columns, std::int64_t rows, std::int64_t bytes) noexcept {
   const std::int64_t cells = checked_product(columns, rows);
   constexpr std::int64_t kMost = std::int64_t{1} << 58;
-  if (cells < 0 || cells > kMost / 16 || bytes > kMost / 64) return false;
-  return 1750 * columns + 64 * rows + 9 * cells <= (std::int64_t{1} << 24) + 32 * bytes;
+  return cells >= 0 && cells < kMost / 16 && may_allocate(1750 * columns + 64 * rows + 9 * cells, bytes);
 }
 
 /// The bytes of a stream from its position on.

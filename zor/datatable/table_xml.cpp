@@ -21,8 +21,7 @@ constexpr std::string_view kNaN = "NAN", kInf = "INF", kMinusInf = "-INF";
 struct TableTarget {
   TDataTable& table;
   bool size(Integer cols, Integer rows) const {
-    constexpr Int64 kMostCells = zor::detail::kFreeCells;
-    if (zor::detail::checked_product(cols, rows) > kMostCells) return false;
+    if (!zor::detail::may_hold_table(cols, rows, 0)) return false;
     table.Resize(cols, rows);
     return true;
   }
