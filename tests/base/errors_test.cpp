@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/message_of.h"
+#include "zor/base/memory_guard.h"
 
 namespace ZOR_zorbase {
 namespace {
@@ -25,8 +26,31 @@ TEST(Messages, OfAComponentCarryItsNameOfThatMoment) {
 }
 
 TEST(Messages, OfARoutineAreOneText) {
+  TComponent component;
+  component.SetName("V");
+  EXPECT_EQ(message_of([&] { zor::detail::Fail<EZORError>(component, "Sum", "no"); }), "Component \"V.Sum\": no");
   EXPECT_EQ(message_of([] { zor::detail::Fail<EZORError>("Factorial: negative argument"); }),
             "Factorial: negative argument");
+}
+
+TEST(MemoryGuard, NestsTheCauseAndPassesOnWhatIsNoLackOfMemory) {
+  TComponent component;
+  const auto fails_with = [&](auto thrown, auto caught) {
+    try {
+      zor::detail::guard_memory<EZORError>(component, zor::detail::kNoHeap, [&]() -> int { throw thrown; });
+    } catch (const EZORError& error) {
+      EXPECT_THROW(std::rethrow_if_nested(error), decltype(caught));
+      return std::string(error.what());
+    } catch (...) {
+    }
+    return std::string("passed on");
+  };
+  const std::string text = "Component \"\": not enough memory on heap";
+  EXPECT_EQ(fails_with(EOutOfMemory("x"), EOutOfMemory("x")), text);
+  EXPECT_EQ(fails_with(std::bad_alloc(), std::bad_alloc()), text);
+  EXPECT_EQ(fails_with(EMathError("x"), 0), "passed on");
+  EXPECT_EQ(zor::detail::guard_all<EZORError>(component, "", [] { return 7; }), 7);
+  EXPECT_THROW(zor::detail::guard_all<EZORError>(component, "", []() -> int { throw EMathError("x"); }), EZORError);
 }
 
 TEST(Exceptions, AreCaughtByTheirBasesOnly) {

@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "zor/analysis/store_internal.h"
 #include "zor/kernels/moving.h"
+#include "zor/vectors/store_internal.h"
 
 namespace ZOR_math2 {
 

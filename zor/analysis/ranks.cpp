@@ -4,9 +4,9 @@
 #include <numeric>
 
 #include "zor/analysis/ranks_internal.h"
-#include "zor/analysis/store_internal.h"
 #include "zor/kernels/comb_sort.h"
 #include "zor/runtime/dyn_array.h"
+#include "zor/vectors/store_internal.h"
 
 namespace zor::detail {
 

@@ -32,11 +32,7 @@ class TElemRef {
   TElemRef& operator=(const TElemRef& other) { return *this = static_cast<Value>(other); }
   template <class C, class V, class... I>
   TElemRef& operator=(const TElemRef<C, V, I...>& other) {
-    if constexpr (std::integral<Value> && std::floating_point<V>) {
-      return *this = zor::detail::saturate<Value>(zor::detail::round_to_even(static_cast<V>(other)));
-    } else {
-      return *this = static_cast<Value>(static_cast<V>(other));
-    }
+    return *this = zor::detail::to_cell<Value>(static_cast<V>(other));
   }
   TElemRef& operator+=(Value value) { return *this = static_cast<Value>(wide() + value); }
   TElemRef& operator-=(Value value) { return *this = static_cast<Value>(wide() - value); }

@@ -6,7 +6,8 @@
 #include "zor/runtime/object.h"
 
 /// \file  Errors of the library and the wording of their messages.
-/// An object speaks of itself as `Component "<Name>": <text>`, a routine as `<routine>: <text>`.
+/// An object speaks of itself as `Component "<Name>": <text>`, of a routine of its own as `Component
+/// "<Name>.<routine>": <text>`, a plain routine as `<routine>: <text>`.
 
 namespace ZOR_zorbase {
 
@@ -20,10 +21,19 @@ namespace zor::detail {
 /// `Component "<Name>": <text>`, with the name that the component has now.
 ZOR_API ZOR_runtime::TString component_message(const ZOR_runtime::TComponent& component, std::string_view text);
 
-/// Raises E with the message of a component.
+/// The same of one of its routines: `Component "<Name>.<routine>": <text>`.
+ZOR_API ZOR_runtime::TString component_message(const ZOR_runtime::TComponent& component, std::string_view routine,
+                                               std::string_view text);
+
+/// Raises E with the message of a component, or of one of its routines.
 template <class E>
 [[noreturn]] void Fail(const ZOR_runtime::TComponent& component, std::string_view text) {
   throw E(component_message(component, text));
+}
+
+template <class E>
+[[noreturn]] void Fail(const ZOR_runtime::TComponent& component, std::string_view routine, std::string_view text) {
+  throw E(component_message(component, routine, text));
 }
 
 /// Raises E with the message of a routine, "<routine>: <text>" as one literal.

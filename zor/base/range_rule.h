@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "zor/runtime/types.h"
@@ -25,5 +26,8 @@ constexpr std::int32_t make_valid_range(std::int32_t& lo, std::int32_t& hi, std:
   hi = (std::max)(low, high);
   return moved ? -1 : 0;
 }
+
+/// True unless i is an index, from 0, of n cells.
+constexpr bool outside(std::int64_t i, std::size_t n) noexcept { return i < 0 || static_cast<std::size_t>(i) >= n; }
 
 }  // namespace zor::detail

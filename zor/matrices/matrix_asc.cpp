@@ -128,7 +128,7 @@ Integer MatrixCore<Self, T>::import_asc(const TString& FName, TString& Comment, 
         code = kBadValue;
         break;
       }
-      row[read] = zor::detail::convert_cell<T>(x);
+      row[read] = zor::detail::to_cell<T>(x);
     }
     write_block(
         static_cast<Int64>(read), 1, [&](Int64 i) { return row.data() + i; }, 1, reached);

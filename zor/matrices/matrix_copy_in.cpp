@@ -1,15 +1,13 @@
 #include <algorithm>
 
 #include "zor/arrays/walk_internal.h"
+#include "zor/base/range_rule.h"
 #include "zor/matrices/store_block_internal.h"
 #include "zor/vectors/vector.h"
 
 namespace ZOR_matrix {
-namespace {
 
-bool outside(Int64 i, std::size_t n) { return i < 0 || static_cast<std::size_t>(i) >= n; }
-
-}  // namespace
+using zor::detail::outside;
 
 template <class Self, Cell T>
 void MatrixCore<Self, T>::Clone(const Self* MatSource) {

@@ -1,8 +1,9 @@
 #include <algorithm>
 
 #include "zor/arrays/walk_internal.h"
+#include "zor/base/range_rule.h"
 #include "zor/matrices/store_block_internal.h"
-#include "zor/vectors/vector.h"
+#include "zor/vectors/store_internal.h"
 
 namespace ZOR_matrix {
 namespace {
@@ -13,15 +14,7 @@ bool lands(Int64 n, Int64 dest, Int64 size) { return dest <= size && dest >= 2 -
 template <class T>
 void fill_vector(ZOR_vector::VectorOf<T>& vec, const TDynArray<T>& values, Int64 dest) {
   vec.Fill(T{0});
-  if (vec.OnChange) {
-    const auto hit = zor::detail::landing(static_cast<Int64>(values.size()), dest, 1, vec.NrOfElem());
-    for (Int64 i = hit.first; i < hit.second; ++i) vec.SetVal(static_cast<Integer>(dest + i), values[i]);
-    return;
-  }
-  auto edit = vec.Edit();  // nobody listens: this only marks the vector as filled
-  const auto hit = zor::detail::landing(static_cast<Int64>(values.size()), dest, 1, vec.NrOfElem());
-  if (hit.first < hit.second)
-    std::copy(values.begin() + hit.first, values.begin() + hit.second, edit.begin() + (dest + hit.first - 1));
+  zor::detail::VectorCells::store(vec, std::span<const T>(values), dest);
 }
 
 template <class T>
@@ -98,7 +91,7 @@ Integer MatrixCore<Self, T>::copy_to_array(A& dest, Bounds cols, Bounds down, In
   Integer code = 0;
   if (MakeValidColRange(cols.lo, cols.hi) != 0) code = kBadColumnRange;
   if (MakeValidRowRange(down.lo, down.hi) != 0) code = kBadRowRange;
-  const auto outside = [](Integer i, std::size_t n) { return i < 0 || static_cast<std::size_t>(i) >= n; };
+  using zor::detail::outside;
   if (outside(dest_col, shape.length[0]) || outside(dest_row, shape.length[1])) code = kBadArrayPlace;
   if (code != 0) return code;
 
@@ -108,7 +101,7 @@ Integer MatrixCore<Self, T>::copy_to_array(A& dest, Bounds cols, Bounds down, In
   using To = typename A::value_type::value_type;
   for (std::size_t i = 0; i < n; ++i) {
     const T* from = Mat[static_cast<std::size_t>(cols.lo - 1) + i].data() + (down.lo - 1);
-    std::transform(from, from + m, dest[first + i].begin() + top, zor::detail::convert_cell<To, T>);
+    std::transform(from, from + m, dest[first + i].begin() + top, zor::detail::to_cell<To, T>);
   }
   return 0;
 }

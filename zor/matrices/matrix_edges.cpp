@@ -7,6 +7,7 @@
 #include "zor/kernels/sums.h"
 #include "zor/matrices/matrix.h"
 #include "zor/matrices/row_blocks_internal.h"
+#include "zor/vectors/store_internal.h"
 
 namespace ZOR_matrix {
 namespace {
@@ -74,8 +75,7 @@ Integer MatrixCore<Self, T>::EdgeVector(TOrientation Orient, TEdgeOp EdgeOp, con
     }
   }
   const Integer code = !EdgeIx.empty() && indices.size() != EdgeIx.size() ? kBadIndex : 0;
-  Dest->SetNrOfElem(zor::detail::to_integer(values.size()));
-  for (std::size_t i = 0; i < values.size(); ++i) Dest->SetVal(static_cast<Integer>(i + 1), values[i]);
+  zor::detail::store_each(*Dest, values);
   return code;
 }
 

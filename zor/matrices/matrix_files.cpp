@@ -67,7 +67,7 @@ void MatrixCore<Self, T>::read_row(Int64 first_col, Int64 last_col, Int64 row, N
     const std::string_view word = next_word();
     if (word.empty()) break;
     Double x = 0.0;
-    if (zor::detail::read_cell(word, x)) out.put(c, zor::detail::convert_cell<T>(x));
+    if (zor::detail::read_cell(word, x)) out.put(c, zor::detail::to_cell<T>(x));
   }
   out.flush();
 }

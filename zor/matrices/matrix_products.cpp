@@ -7,6 +7,7 @@
 #include "zor/matrices/heap_guard_internal.h"
 #include "zor/matrices/matrix.h"
 #include "zor/matrices/store_block_internal.h"
+#include "zor/vectors/store_internal.h"
 
 namespace ZOR_matrix {
 namespace {
@@ -28,13 +29,6 @@ std::vector<T*> columns_of(TDynArray<TDynArray<T>>& a) {
   std::vector<T*> columns;
   for (TDynArray<T>& column : a) columns.push_back(column.data());
   return columns;
-}
-
-/// Gives a vector its elements as SetVal does; it may be what they were computed from.
-template <class T>
-void store(const std::vector<T>& values, ZOR_vector::VectorOf<T>& to) {
-  to.SetNrOfElem(zor::detail::to_integer(values.size()));
-  for (std::size_t i = 0; i < values.size(); ++i) to.SetVal(static_cast<Integer>(i + 1), values[i]);
 }
 
 }  // namespace
@@ -90,7 +84,7 @@ Boolean MatrixCore<Self, T>::Multiply(const TVec* VecB, TVec* VecRes) {
   if (!VecB || !VecRes || dense_columns() != VecB->NrOfElem()) return false;
   std::vector<T> sums(zor::detail::to_size(dense_rows()), T{0});
   for (Integer k = 1; k <= dense_columns(); ++k) kernels::axpy(VecB->GetVal(k), Column(k), sums);
-  store<T>(sums, *VecRes);
+  zor::detail::store_each(*VecRes, sums);
   Changed();
   return true;
 }
@@ -114,7 +108,7 @@ Boolean MatrixCore<Self, T>::TransposeAndMultiply(const TVec* VecB, TVec* VecRes
     sums.insert(sums.end(), {sum_p, sum_q, sum_r, sum_s});
   }
   for (; c <= dense_columns(); ++c) sums.push_back(kernels::dot_in_order(Column(c), b));
-  store<T>(sums, *VecRes);
+  zor::detail::store_each(*VecRes, sums);
   return true;
 }
 

@@ -8,6 +8,7 @@
 #include "zor/matrices/percentile_internal.h"
 #include "zor/runtime/random.h"
 #include "zor/vectors/statistics_internal.h"
+#include "zor/vectors/store_internal.h"
 
 namespace ZOR_matrix {
 
@@ -100,9 +101,7 @@ Boolean TMatrix::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, D
   if (!Histo || !Histogram(LoX, LoY, HiX, HiY, FirstBin, LastBin, BinWidth, counts, Underflow, Overflow, MaxCnt)) {
     return false;
   }
-  Histo->SetNrOfElem(Length(counts));
-  const auto edit = Histo->Edit();
-  std::copy_n(counts.begin(), std::min(counts.size(), edit.cells().size()), edit.begin());
+  zor::detail::store(*Histo, counts);
   return true;
 }
 

@@ -7,13 +7,14 @@
 #include "zor/matrices/matrix.h"
 #include "zor/matrices/percentile_internal.h"
 #include "zor/matrices/row_blocks_internal.h"
+#include "zor/vectors/store_internal.h"
 
 namespace ZOR_matrix {
 namespace {
 
 namespace kernels = zor::kernels;
 
-/// What is told of a column or row, and how its cells change: (x - center) / scale, x - center, or not at all.
+/// What is reported of a column or row, and how its cells change: (x - center) / scale, x - center, or not at all.
 struct Scaling {
   enum class Kind { kDivide, kCenter, kKeep };
   Double center = 0.0, scale = 1.0;
@@ -51,12 +52,11 @@ class QuantileNormalizing {
 };
 
 /// Gives a vector, if there is one, the values used.
-void tell(TVector* vector, const std::vector<Scaling>& used, Double Scaling::*value) {
+void report(TVector* vector, const std::vector<Scaling>& used, Double Scaling::*value) {
   if (!vector) return;
-  vector->SetNrOfElem(zor::detail::to_integer(used.size()));
-  const auto edit = vector->Edit();
-  const std::size_t n = std::min(used.size(), edit.cells().size());
-  for (std::size_t i = 0; i < n; ++i) edit[i] = used[i].*value;
+  std::vector<Double> values(used.size());
+  std::ranges::transform(used, values.begin(), value);
+  zor::detail::store(*vector, values);
 }
 
 }  // namespace
@@ -78,8 +78,8 @@ void TMatrix::scale_columns(TVector* centers, TVector* scales, Rule&& rule) {
     if (s.kind == Scaling::Kind::kDivide) kernels::shift_scale(column, s.center, s.scale);
     if (s.kind == Scaling::Kind::kCenter) kernels::shift(column, -s.center);
   });
-  tell(centers, used, &Scaling::center);
-  tell(scales, used, &Scaling::scale);
+  report(centers, used, &Scaling::center);
+  report(scales, used, &Scaling::scale);
   Changed();
 }
 
@@ -100,8 +100,8 @@ void TMatrix::scale_rows(TVector* centers, TVector* scales, Rule&& rule) {
   for_columns([&](std::span<Double> column) {
     for (std::size_t r = 0; r < n; ++r) column[r] = (column[r] - center[r]) / scale[r];
   });
-  tell(centers, used, &Scaling::center);
-  tell(scales, used, &Scaling::scale);
+  report(centers, used, &Scaling::center);
+  report(scales, used, &Scaling::scale);
   Changed();
 }
 

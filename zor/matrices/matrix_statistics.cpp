@@ -9,6 +9,7 @@
 #include "zor/matrices/heap_guard_internal.h"
 #include "zor/matrices/matrix.h"
 #include "zor/vectors/statistics_internal.h"
+#include "zor/vectors/store_internal.h"
 
 namespace ZOR_matrix {
 
@@ -132,9 +133,7 @@ void MatrixCore<Self, T>::MeanVec(TDims Dim, TVector* Means) const {
   }
   const Double n = Dim == dimCols ? dense_rows() : dense_columns();
   for (Double& x : means) x /= n;
-  Means->SetNrOfElem(Length(means));
-  const auto edit = Means->Edit();
-  std::copy_n(means.begin(), std::min(means.size(), edit.cells().size()), edit.begin());
+  zor::detail::store(*Means, means);
 }
 
 Double TMatrix::Correlate(const TMatrix* OtherMat) const {

@@ -34,6 +34,15 @@ constexpr ZOR_runtime::Integer round_to_integer(double x) noexcept {
   return saturate<ZOR_runtime::Integer>(round_to_even(x));
 }
 ZOR_API ZOR_runtime::Integer floor_to_integer(double x) noexcept;
+/// A number as a cell of another type: doubles become integers by round_to_integer.
+template <class To, class From>
+constexpr To to_cell(From x) noexcept {
+  if constexpr (std::floating_point<From> && std::integral<To>) {
+    return saturate<To>(round_to_even(static_cast<double>(x)));
+  } else {
+    return static_cast<To>(x);
+  }
+}
 constexpr ZOR_runtime::Integer trunc_to_integer(double x) noexcept { return saturate<ZOR_runtime::Integer>(x); }
 
 }  // namespace zor::detail

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <exception>
 #include <numbers>
 #include <ostream>
 #include <utility>
 
 #include "zor/base/ZOR_univconst.h"
+#include "zor/base/memory_guard.h"
 #include "zor/kernels/fft.h"
 #include "zor/runtime/numbers.h"
 #include "zor/runtime/print.h"
@@ -25,11 +25,8 @@ constexpr double kPi = std::numbers::pi;
 /// Zeros; out of memory becomes the message of the component.
 TDynArray<Double> zeros(const TComponent& component, std::size_t n) {
   TDynArray<Double> cells;
-  try {
-    SetLength(cells, static_cast<Integer>(n));
-  } catch (...) {
-    std::throw_with_nested(EZORFourierError(zor::detail::component_message(component, "not enough memory on heap")));
-  }
+  zor::detail::guard_memory<EZORFourierError>(component, zor::detail::kNoHeap,
+                                              [&] { SetLength(cells, static_cast<Integer>(n)); });
   return cells;
 }
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <bit>
-#include <exception>
 #include <ostream>
 #include <utility>
 
+#include "zor/base/memory_guard.h"
 #include "zor/kernels/wavelet.h"
 #include "zor/runtime/numbers.h"
 #include "zor/runtime/print.h"
@@ -29,11 +29,7 @@ constexpr double kDaubechies[3][6] = {
 /// Zeros; out of memory becomes the message of the component.
 TDynArray<Double> zeros(const TComponent& component, Integer n) {
   TDynArray<Double> cells;
-  try {
-    SetLength(cells, n);
-  } catch (...) {
-    std::throw_with_nested(EZORWaveletError(zor::detail::component_message(component, "not enough memory on heap")));
-  }
+  zor::detail::guard_memory<EZORWaveletError>(component, zor::detail::kNoHeap, [&] { SetLength(cells, n); });
   return cells;
 }
 

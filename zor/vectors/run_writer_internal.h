@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <concepts>
 #include <cstddef>
 #include <functional>
 #include <span>
@@ -13,16 +12,6 @@
 /// \file  Values that a reader delivers one by one, handed on in runs.
 
 namespace zor::detail {
-
-/// A number from a file as a cell; integers are rounded, ties to even, and saturate.
-template <class T>
-T to_cell(double x) {
-  if constexpr (std::same_as<T, double>) {
-    return x;
-  } else {
-    return round_to_integer(x);
-  }
-}
 
 /// Collects values for consecutive elements and hands them to store(span, first element) in runs: a container without
 /// observers then copies blocks. What is collected goes out with flush, which the reader calls at its end.

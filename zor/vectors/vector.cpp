@@ -1,9 +1,9 @@
 #include "zor/vectors/vector.h"
 
 #include <cmath>
-#include <exception>
 
 #include "zor/base/crc.h"
+#include "zor/base/memory_guard.h"
 #include "zor/base/range_rule.h"
 #include "zor/kernels/elementwise.h"
 #include "zor/kernels/sums.h"
@@ -24,13 +24,11 @@ template <class Self, Cell T>
 Boolean VectorCore<Self, T>::Resize(Integer NE) {
   if (NE == NrOfElem()) return true;
   if (NE < 1) return false;
-  try {
+  zor::detail::guard_all<EZORVectorError>(self(), zor::detail::kNoMemory, [&] {
     SetLength(FVec, NE);
     Changed();
     Resized();
-  } catch (...) {
-    std::throw_with_nested(EZORVectorError(zor::detail::component_message(self(), "not enough memory")));
-  }
+  });
   return true;
 }
 

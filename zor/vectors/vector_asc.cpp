@@ -71,14 +71,9 @@ Integer VectorCore<Self, T>::ImportASC(const TString& FName, TString& Comment) {
   Integer reached = 0;
   while (code == 0 && reached < rows) {
     ++reached;
+    code = zor::detail::read_asc_row_head(file, header, nullptr, nullptr);
+    if (code != 0) break;
     Double x = 0.0;
-    TString name;
-    if (header.RowAttrib && zor::detail::read_asc_cell(file, x) != zor::detail::AscCell::kNumber) {
-      code = kBadRowAttribute;
-      break;
-    }
-    if (header.RowNames) zor::detail::read_asc_name(file, name);
-    x = 0.0;
     if (zor::detail::read_asc_cell(file, x) == zor::detail::AscCell::kBad) {
       code = kBadValue;
     } else {

@@ -1,27 +1,18 @@
 #include <algorithm>
 #include <cstring>
 
+#include "zor/arrays/walk_internal.h"
+#include "zor/base/memory_guard.h"
+#include "zor/base/range_rule.h"
 #include "zor/vectors/vector.h"
 
 namespace ZOR_vector {
 namespace {
 
-/// Number of columns and rows of a rectangular array; 0 by 0 if it is empty or ragged.
-struct Shape {
-  Int64 columns = 0, rows = 0;
-};
+using zor::detail::outside;
 
-template <class T>
-Shape measure(const TDynArray<TDynArray<T>>& a) noexcept {
-  if (a.empty() || a[0].empty()) return {};
-  const std::size_t rows = a[0].size();
-  for (const auto& column : a) {
-    if (column.size() != rows) return {};
-  }
-  return {static_cast<Int64>(a.size()), static_cast<Int64>(rows)};
-}
-
-constexpr Int64 clamp_index(Int64 i, Int64 n) noexcept { return i < 0 ? 0 : i < n ? i : n - 1; }
+/// The nearest index, from 0, of n >= 1 cells.
+Int64 clamp_index(Int64 i, std::size_t n) noexcept { return std::clamp<Int64>(i, 0, static_cast<Int64>(n) - 1); }
 
 }  // namespace
 
@@ -62,9 +53,10 @@ Integer VectorCore<Self, T>::CopyFrom(const Self* Src, Integer SrcElemLo, Intege
   if (SrcElemLo == 0 && SrcElemHi == 0) {
     store_cells(Src->Cells(), DestElem);
   } else {
-    const auto outside = [](Integer i, Integer n) { return i < 1 || i > n; };
-    if (outside(DestElem, NrOfElem())) return kBadDestination;
-    if (outside(SrcElemLo, Src->NrOfElem()) || outside(SrcElemHi, Src->NrOfElem())) return kBadSourceRange;
+    const std::span<const T> cells = Src->Cells();
+    if (outside(Int64{DestElem} - 1, FVec.size())) return kBadDestination;
+    if (outside(Int64{SrcElemLo} - 1, cells.size()) || outside(Int64{SrcElemHi} - 1, cells.size()))
+      return kBadSourceRange;
     store_cells(Src->range(SrcElemLo, SrcElemHi), DestElem);
   }
   Changed();
@@ -78,9 +70,8 @@ Integer VectorCore<Self, T>::CopyFrom(TArray Src, Integer SrcElemLo, Integer Src
   if (SrcElemLo == 0 && SrcElemHi == 0) {
     store_cells(cells, DestElem);
   } else {
-    const auto outside = [&](Integer i) { return i < 0 || static_cast<std::size_t>(i) >= cells.size(); };
-    if (DestElem < 1 || DestElem > NrOfElem()) return kBadDestination;
-    if (outside(SrcElemLo) || outside(SrcElemHi)) return kBadSourceRange;
+    if (outside(Int64{DestElem} - 1, FVec.size())) return kBadDestination;
+    if (outside(SrcElemLo, cells.size()) || outside(SrcElemHi, cells.size())) return kBadSourceRange;
     const auto [lo, hi] = std::minmax(SrcElemLo, SrcElemHi);
     store_cells(cells.subspan(zor::detail::to_size(lo), zor::detail::to_size(hi - lo + 1)), DestElem);
   }
@@ -91,10 +82,10 @@ Integer VectorCore<Self, T>::CopyFrom(TArray Src, Integer SrcElemLo, Integer Src
 template <class Self, Cell T>
 void VectorCore<Self, T>::CopyFrom2DArrayRow(T2DArray SrcArray, Integer Row, Integer FirstCol, Integer LastCol,
                                              Integer DestElem) {
-  const Shape shape = measure(SrcArray);
-  if (shape.columns == 0) return;
-  const Int64 row = clamp_index(Row, shape.rows);
-  Int64 first = clamp_index(FirstCol, shape.columns), last = clamp_index(LastCol, shape.columns);
+  const auto shape = zor::detail::shape_of(SrcArray);
+  if (shape.empty()) return;
+  const Int64 row = clamp_index(Row, shape.length[1]);
+  Int64 first = clamp_index(FirstCol, shape.length[0]), last = clamp_index(LastCol, shape.length[0]);
   if (first > last) std::swap(first, last);
   if (DestElem <= first - last || DestElem > NrOfElem()) return;
   TArray values;
@@ -107,12 +98,12 @@ void VectorCore<Self, T>::CopyFrom2DArrayRow(T2DArray SrcArray, Integer Row, Int
 template <class Self, Cell T>
 void VectorCore<Self, T>::CopyFrom2DArrayColumn(T2DArray SrcArray, Integer Col, Integer FirstRow, Integer LastRow,
                                                 Integer DestElem) {
-  const Shape shape = measure(SrcArray);
-  if (shape.columns == 0) return;
-  Int64 first = clamp_index(FirstRow, shape.rows), last = clamp_index(LastRow, shape.rows);
+  const auto shape = zor::detail::shape_of(SrcArray);
+  if (shape.empty()) return;
+  Int64 first = clamp_index(FirstRow, shape.length[1]), last = clamp_index(LastRow, shape.length[1]);
   if (first > last) std::swap(first, last);
   if (DestElem <= first - last || DestElem > NrOfElem()) return;
-  const TArray column = SrcArray[clamp_index(Col, shape.columns)];  // a handler may exchange the inner array
+  const TArray column = SrcArray[clamp_index(Col, shape.length[0])];  // a handler may exchange the inner array
   store_cells(std::span<const T>(column.data() + first, static_cast<std::size_t>(last - first + 1)), DestElem);
   Changed();
 }
@@ -122,7 +113,7 @@ void VectorCore<Self, T>::CopyToArray(TArray& DestArray, Integer LowElem, Intege
   const std::span<const T> values = range(LowElem, HighElem);
   const Int64 dest = std::max(DestElem, 0);
   const Int64 length = static_cast<Int64>(values.size()) + dest;
-  if (length > zor::detail::kMaxInteger) zor::detail::Fail<EZORVectorError>(self(), "not enough memory");
+  if (length > zor::detail::kMaxInteger) zor::detail::Fail<EZORVectorError>(self(), zor::detail::kNoMemory);
   SetLength(DestArray, length);
   std::ranges::copy(values, DestArray.begin() + dest);
 }
@@ -130,11 +121,11 @@ void VectorCore<Self, T>::CopyToArray(TArray& DestArray, Integer LowElem, Intege
 template <class Self, Cell T>
 void VectorCore<Self, T>::CopyToArray(T2DArray& DestArray, Integer LowElem, Integer HighElem, Integer DestCol,
                                       Integer DestRow, Boolean AsColumn) const {
-  const Shape shape = measure(DestArray);
-  if (shape.columns == 0) return;
+  const auto shape = zor::detail::shape_of(DestArray);
+  if (shape.empty()) return;
   std::span<const T> values = range(LowElem, HighElem);
-  const Int64 col = clamp_index(DestCol, shape.columns), row = clamp_index(DestRow, shape.rows);
-  const Int64 room = AsColumn ? shape.rows - row : shape.columns - col;
+  const Int64 col = clamp_index(DestCol, shape.length[0]), row = clamp_index(DestRow, shape.length[1]);
+  const Int64 room = static_cast<Int64>(AsColumn ? shape.length[1] : shape.length[0]) - (AsColumn ? row : col);
   values = values.first(std::min(values.size(), static_cast<std::size_t>(room)));
   if (AsColumn) {
     std::ranges::copy(values, DestArray[col].begin() + row);

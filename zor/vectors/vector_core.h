@@ -3,12 +3,17 @@
 #include <span>
 
 #include "zor/base/ZOR_zorbase.h"
+#include "zor/base/asc_codec.h"
 #include "zor/base/edit_scope.h"
 #include "zor/base/elem_ref.h"
 #include "zor/runtime/streams.h"
 #include "zor/vectors/ZOR_vector_fwd.h"
 
 /// \file  What the vectors have in common, whatever their cells. What holds for all of it stands in ZOR_vector.h.
+
+namespace zor::detail {
+struct VectorCells;  // store_internal.h
+}  // namespace zor::detail
 
 namespace ZOR_vector {
 
@@ -24,12 +29,12 @@ inline constexpr Integer kBadDestination = -3;  ///< Destination outside this ve
 /// Result of MakeValidElemRange: a bound was moved.
 inline constexpr Integer kRangeClamped = -1;
 /// Results of ExportAsASC and ImportASC; other negative codes of ImportASC are those of ReadHeaderOfASC.
-inline constexpr Integer kCannotCreateFile = -1;  ///< ExportAsASC.
-inline constexpr Integer kBadRowAttribute = -5;   ///< A row attribute is no number.
-inline constexpr Integer kBadValue = -6;          ///< A value is no number.
-inline constexpr Integer kMoreThanOneColumn = -7;
-inline constexpr Integer kNoSuchFile = -8;
-inline constexpr Integer kNoCells = -9;  ///< The file announces no row or no column.
+inline constexpr Integer kCannotCreateFile = -1;                            ///< ExportAsASC.
+inline constexpr Integer kBadRowAttribute = zor::detail::kAscBadAttribute;  ///< A row attribute is no number.
+inline constexpr Integer kBadValue = zor::detail::kAscBadValue;             ///< A value is no number.
+inline constexpr Integer kMoreThanOneColumn = zor::detail::kAscBadColumns;
+inline constexpr Integer kNoSuchFile = zor::detail::kAscNoFile;
+inline constexpr Integer kNoCells = zor::detail::kAscNoCells;  ///< The file announces no row or no column.
 /// Most bins of Histogram.
 inline constexpr Integer kMaxBins = 500;
 
@@ -277,6 +282,8 @@ class ZOR_API VectorCore {
   Boolean FIsEmpty = true;
 
  private:
+  friend struct zor::detail::VectorCells;
+
   Self& self() noexcept { return static_cast<Self&>(*this); }
   const Self& self() const noexcept { return static_cast<const Self&>(*this); }
 

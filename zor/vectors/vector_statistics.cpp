@@ -2,11 +2,13 @@
 #include <array>
 #include <cmath>
 
+#include "zor/base/memory_guard.h"
 #include "zor/kernels/extremes.h"
 #include "zor/kernels/moments.h"
 #include "zor/kernels/sums.h"
 #include "zor/runtime/numbers.h"
 #include "zor/vectors/statistics_internal.h"
+#include "zor/vectors/store_internal.h"
 #include "zor/vectors/vector.h"
 
 namespace ZOR_vector {
@@ -29,14 +31,11 @@ void for_doubles(std::span<const T> cells, Take take) {
   }
 }
 
-/// Private copy of cells; an allocation that fails raises the message of the heap.
+/// Private copy of cells; where there is no memory for it the component says so.
 template <class T>
 TDynArray<T> work_copy(const TComponent& component, std::span<const T> cells) {
-  try {
-    return TDynArray<T>(cells.begin(), cells.end());
-  } catch (const EOutOfMemory&) {
-    zor::detail::Fail<EZORVectorError>(component, "not enough memory on heap");
-  }
+  return zor::detail::guard_memory<EZORVectorError>(component, zor::detail::kNoHeap,
+                                                    [&] { return TDynArray<T>(cells.begin(), cells.end()); });
 }
 
 }  // namespace
@@ -189,7 +188,7 @@ Boolean VectorCore<Self, T>::Histogram(Integer FirstElem, Integer LastElem, T Fi
   zor::detail::BinCounter<T> bins(FirstBin, LastBin, BinWidth, kMaxBins);
   if (!bins.valid()) {
     if constexpr (RealCell<T>) return false;
-    throw EZORVectorError("Component \"" + self().Name() + ".Histogram\": invalid number of bins");
+    zor::detail::Fail<EZORVectorError>(self(), "Histogram", "invalid number of bins");
   }
   bins.start(Histo);
   const Int64 lo = std::max<Int64>(FirstElem, 1), hi = std::min<Int64>(LastElem, NrOfElem());
@@ -210,9 +209,7 @@ Boolean VectorCore<Self, T>::Histogram(Integer FirstElem, Integer LastElem, T Fi
   if (!Histo || !Histogram(FirstElem, LastElem, FirstBin, LastBin, BinWidth, counts, Underflow, Overflow, MaxCnt)) {
     return false;
   }
-  Histo->SetNrOfElem(Length(counts));
-  const auto edit = Histo->Edit();
-  std::ranges::copy(std::span<const Integer>(counts).first(std::min(counts.size(), edit.cells().size())), edit.begin());
+  zor::detail::store(*Histo, counts);
   return true;
 }
 
