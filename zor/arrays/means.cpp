@@ -6,6 +6,7 @@
 
 #include "zor/arrays/walk_internal.h"
 #include "zor/kernels/moments.h"
+#include "zor/scalar/run_statistics_internal.h"
 
 namespace ZOR_openarrays {
 namespace {
@@ -15,21 +16,6 @@ using zor::detail::Box;
 
 template <std::size_t N>
 using Bounds = std::array<Integer, N>;
-
-/// Calls take(cells as doubles) for the cells of a run. A chunk fills the partial sums of the kernels evenly.
-template <class Take>
-void for_doubles(std::span<const Double> x, Take take) {
-  take(x);
-}
-template <class Take>
-void for_doubles(std::span<const Integer> x, Take take) {
-  std::array<Double, 16 * kernels::kPartialSums> chunk;
-  for (std::size_t done = 0; done < x.size(); done += chunk.size()) {
-    const auto part = x.subspan(done, std::min(chunk.size(), x.size() - done));
-    std::ranges::copy(part, chunk.begin());
-    take(std::span<const Double>(chunk.data(), part.size()));
-  }
-}
 
 /// The range as a box: 0, kEmptyArray, or kBadRange.
 template <class A, std::size_t N>
@@ -41,14 +27,10 @@ Integer measure(const A& a, const Bounds<N>& low, const Bounds<N>& high, Box<N>&
 
 template <class A, std::size_t N>
 kernels::MeanVar mean_variance(const A& a, const Box<N>& box) {
-  kernels::MomentSums sums;
-  zor::detail::for_runs(
-      box,
-      [&](std::span<const CellType<A>> run) {
-        for_doubles(run, [&](std::span<const Double> x) { kernels::accumulate(sums, x); });
-      },
-      a);
-  return kernels::mean_variance(sums);
+  return zor::detail::mean_variance_of([&](auto take) {
+    zor::detail::for_runs(
+        box, [&](std::span<const CellType<A>> run) { take(run); }, a);
+  });
 }
 
 /// a + b, with the error of the sum kept.
@@ -67,7 +49,7 @@ Double mean_of(const A& a, const Box<N>& box) {
   zor::detail::for_runs(
       box,
       [&](std::span<const CellType<A>> run) {
-        for_doubles(run, [&](std::span<const Double> x) { sum = plus(sum, kernels::sum_twofold(x)); });
+        zor::detail::for_doubles(run, [&](std::span<const Double> x) { sum = plus(sum, kernels::sum_twofold(x)); });
       },
       a);
   std::size_t n = 1;

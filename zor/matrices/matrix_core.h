@@ -432,6 +432,10 @@ class ZOR_API MatrixCore {
   void for_columns(F f) {
     for (TArray& column : Mat) f(std::span<T>(column.data(), column.size()));
   }
+  /// A block as a walk over runs of cells (run_statistics_internal.h).
+  auto walk(Bounds cols, Bounds rows) const noexcept {
+    return [this, cols, rows](auto take) { this->for_columns(cols, rows, take); };
+  }
   /// The columns as raw cells.
   TDynArray<const T*> column_pointers() const;
   /// Private copy of a range, column after column. Throws EZORMatrixError "not enough memory on heap".

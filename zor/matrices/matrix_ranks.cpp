@@ -72,11 +72,8 @@ Double MatrixCore<Self, T>::Percentile(Double prob, Integer LowCol, Integer LowR
 template <class Self, Cell T>
 Integer MatrixCore<Self, T>::CountValues(Integer LowCol, Integer HighCol, Integer LowRow, Integer HighRow, T RangeLow,
                                          T RangeHigh) const {
-  std::size_t count = 0;
-  for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow), [&](std::span<const T> column) {
-    for (const T x : column) count += static_cast<std::size_t>((RangeLow <= x) & (x <= RangeHigh));
-  });
-  return zor::detail::to_integer(count);
+  return zor::detail::to_integer(
+      zor::detail::count_between(RangeLow, RangeHigh, walk(columns(LowCol, HighCol), rows(LowRow, HighRow))));
 }
 
 Boolean TMatrix::Histogram(Integer LoX, Integer LoY, Integer HiX, Integer HiY, Double FirstBin, Double LastBin,

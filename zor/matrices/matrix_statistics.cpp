@@ -17,27 +17,23 @@ namespace kernels = zor::kernels;
 
 template <class Self, Cell T>
 T MatrixCore<Self, T>::Sum(Integer LoC, Integer LoR, Integer HiC, Integer HiR) const {
-  T sum = 0;
-  for_columns(columns(LoC, HiC), rows(LoR, HiR),
-              [&](std::span<const T> column) { sum = kernels::sum_in_order(column, sum); });
-  return sum;
+  return zor::detail::sum_of<T>(walk(columns(LoC, HiC), rows(LoR, HiR)));
 }
 
 template <class Self, Cell T>
 void MatrixCore<Self, T>::MeanVar(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, Double& Mean,
                                   Double& Variance) const {
-  kernels::MomentSums sums;
-  for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
-              [&](std::span<const T> column) { kernels::accumulate(sums, column); });
-  const kernels::MeanVar result = kernels::mean_variance(sums);
+  const kernels::MeanVar result =
+      zor::detail::sample_mean_variance_of(walk(columns(LowCol, HighCol), rows(LowRow, HighRow)));
   Mean = result.mean;
-  Variance = result.n < 3 ? 1.0 : result.variance;
+  Variance = result.variance;
 }
 
 template <class Self, Cell T>
 void MatrixCore<Self, T>::MinMax(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow, T& Minimum,
                                  T& Maximum) const {
-  kernels::Extremes<T> extremes{ZOR_univconst::uc_MaxReal, -ZOR_univconst::uc_MaxReal};
+  constexpr T kStart = RealCell<T> ? static_cast<T>(ZOR_univconst::uc_MaxReal) : zor::detail::kMaxInteger;
+  kernels::Extremes<T> extremes{kStart, -kStart};
   for_columns(columns(LowCol, HighCol), rows(LowRow, HighRow),
               [&](std::span<const T> column) { kernels::min_max(column, extremes); });
   Minimum = extremes.minimum;
@@ -47,33 +43,19 @@ void MatrixCore<Self, T>::MinMax(Integer LowCol, Integer LowRow, Integer HighCol
 template <class Self, Cell T>
 Double MatrixCore<Self, T>::GeometricMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const {
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
-  Boolean zero = false;
-  Double logarithms = 0.0;
-  for_columns(cols, within, [&](std::span<const T> column) {
-    for (const T x : column) {
-      if (x < 0) zor::detail::Fail<EZORMatrixError>(self(), "negative argument passed to GeometricMean");
-      if (x == 0) {
-        zero = true;
-      } else {
-        logarithms += std::log(x);
-      }
-    }
-  });
-  if (zero) return 0.0;
-  return std::exp(logarithms / static_cast<Double>(within.size()) / static_cast<Double>(cols.size()));
+  const zor::detail::Logarithms logarithms = zor::detail::logarithms_of(walk(cols, within));
+  if (logarithms.negative) zor::detail::Fail<EZORMatrixError>(self(), "negative argument passed to GeometricMean");
+  if (logarithms.zero) return 0.0;
+  return std::exp(logarithms.sum / static_cast<Double>(within.size()) / static_cast<Double>(cols.size()));
 }
 
 template <class Self, Cell T>
 Double MatrixCore<Self, T>::HarmonicMean(Integer LowCol, Integer LowRow, Integer HighCol, Integer HighRow) const {
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
-  Double reciprocals = 0.0;
-  for_columns(cols, within, [&](std::span<const T> column) {
-    for (const T x : column) {
-      if (x <= 0) zor::detail::Fail<EZORMatrixError>(self(), "negative or zero argument passed to HarmonicMean");
-      reciprocals += 1.0 / x;
-    }
-  });
-  return static_cast<Double>(cols.size()) * static_cast<Double>(within.size()) / reciprocals;
+  const zor::detail::Reciprocals reciprocals = zor::detail::reciprocals_of(walk(cols, within));
+  if (reciprocals.not_positive)
+    zor::detail::Fail<EZORMatrixError>(self(), "negative or zero argument passed to HarmonicMean");
+  return static_cast<Double>(cols.size()) * static_cast<Double>(within.size()) / reciprocals.sum;
 }
 
 template <class Self, Cell T>
@@ -81,12 +63,8 @@ void MatrixCore<Self, T>::SkewKurt(Integer LowCol, Integer LowRow, Integer HighC
                                    Double& Kurtosis) const {
   const Bounds cols = columns(LowCol, HighCol), within = rows(LowRow, HighRow);
   const Double n = static_cast<Double>(cols.size()) * static_cast<Double>(within.size());
-  Skewness = Kurtosis = 0.0;
-  if (n < 2.0) return;
-  const Double mean = Sum(cols.lo, within.lo, cols.hi, within.hi) / n;
-  kernels::CentralSums powers;
-  for_columns(cols, within, [&](std::span<const T> column) { kernels::accumulate_in_order(powers, column, mean); });
-  const zor::detail::SkewKurt result = zor::detail::skew_kurt(n, powers);
+  zor::detail::SkewKurt result;
+  if (n >= 2.0) result = zor::detail::skew_kurt_of(n, walk(cols, within));
   Skewness = result.skewness;
   Kurtosis = result.kurtosis;
 }

@@ -6,9 +6,9 @@
 #include <cstddef>
 #include <span>
 
-#include "zor/kernels/moments.h"
 #include "zor/scalar/bin_counter_internal.h"
 #include "zor/scalar/correlation_internal.h"
+#include "zor/scalar/run_statistics_internal.h"
 #include "zor/vectors/ranked_internal.h"
 
 /// \file  Statistics of a run of cells that vectors and matrices compute alike.
@@ -43,26 +43,6 @@ std::array<double, 3> quartiles(std::span<T> work) {
     result[q] = ranks[2 * q] == ranks[2 * q + 1] ? lower : interpolate(lower, upper, fractions[q]);
   }
   return result;
-}
-
-struct SkewKurt {
-  double skewness = 0.0, kurtosis = 0.0;
-};
-
-/// Skewness and excess kurtosis of n >= 2 values from the sums of the powers of their deviations, with the standard
-/// deviation of n - 1; where that is 0.0 the sums of the third and fourth powers stand.
-inline SkewKurt skew_kurt(double n, const kernels::CentralSums& d) noexcept {
-  const double variance = (d.d2 - d.d1 * d.d1 / n) / (n - 1.0);
-  const double s = std::sqrt(variance < 0.0 ? 0.0 : variance);
-  if (s == 0.0) return {d.d3, d.d4};
-  return {d.d3 / n / s / s / s, d.d4 / n / (s * s * (s * s)) - 3.0};
-}
-
-/// The same corrected to a sample, for n >= 4.
-inline SkewKurt sample_skew_kurt(double n, const SkewKurt& of) noexcept {
-  return {of.skewness * n * n / (n - 1.0) / (n - 2.0),
-          (of.kurtosis + 3.0) * n * n * (n + 1.0) / (n - 1.0) / (n - 2.0) / (n - 3.0) -
-              3.0 * (n - 1.0) * (n - 1.0) / (n - 2.0) / (n - 3.0)};
 }
 
 }  // namespace zor::detail

@@ -273,6 +273,10 @@ class ZOR_API VectorCore {
   std::span<T> cells() noexcept { return {FVec.data(), FVec.size()}; }
   /// The repaired range as cells.
   std::span<const T> range(Integer LowElem, Integer HighElem) const noexcept;
+  /// The range as a walk over runs of cells (run_statistics_internal.h).
+  auto walk(Integer LowElem, Integer HighElem) const noexcept {
+    return [cells = range(LowElem, HighElem)](auto take) { take(cells); };
+  }
   /// Stores values from element dest on, with an OnChange for each if a handler is set; what lands outside is dropped.
   void store_cells(std::span<const T> values, Int64 dest);
   /// Takes over the state of a vector of this class; false for anything else.

@@ -16,21 +16,6 @@ namespace {
 
 namespace kernels = zor::kernels;
 
-/// Calls take(first, chunk) with the cells as doubles, run by run.
-template <class T, class Take>
-void for_doubles(std::span<const T> cells, Take take) {
-  if constexpr (RealCell<T>) {
-    take(std::size_t{0}, cells);
-  } else {
-    std::array<Double, 512> chunk;
-    for (std::size_t i = 0; i < cells.size(); i += chunk.size()) {
-      const std::span<const T> part = cells.subspan(i, std::min(chunk.size(), cells.size() - i));
-      std::ranges::copy(part, chunk.begin());
-      take(i, std::span<const Double>(chunk.data(), part.size()));
-    }
-  }
-}
-
 /// Private copy of cells; where there is no memory for it the component says so.
 template <class T>
 TDynArray<T> work_copy(const TComponent& component, std::span<const T> cells) {
@@ -42,18 +27,14 @@ TDynArray<T> work_copy(const TComponent& component, std::span<const T> cells) {
 
 template <class Self, Cell T>
 T VectorCore<Self, T>::Sum(Integer LowElem, Integer HighElem) const {
-  if constexpr (RealCell<T>) {
-    return kernels::sum_in_order(range(LowElem, HighElem));
-  } else {
-    return kernels::sum_wrapping(range(LowElem, HighElem));
-  }
+  return zor::detail::sum_of<T>(walk(LowElem, HighElem));
 }
 
 template <class Self, Cell T>
 void VectorCore<Self, T>::MeanVar(Integer LowElem, Integer HighElem, Double& Mean, Double& Variance) const {
-  const kernels::MeanVar result = kernels::mean_variance(range(LowElem, HighElem));
+  const kernels::MeanVar result = zor::detail::sample_mean_variance_of(walk(LowElem, HighElem));
   Mean = result.mean;
-  Variance = result.n < 3 ? 1.0 : result.variance;
+  Variance = result.variance;
 }
 
 template <class Self, Cell T>
@@ -123,45 +104,25 @@ Double VectorCore<Self, T>::Percentile(Double prob, Integer LowElem, Integer Hig
 
 template <class Self, Cell T>
 Double VectorCore<Self, T>::GeometricMean(Integer LowElem, Integer HighElem) const {
-  const std::span<const T> cells = range(LowElem, HighElem);
-  Boolean zero = false;
-  Double logarithms = 0.0;
-  for (const T x : cells) {
-    if (x < 0) zor::detail::Fail<EZORVectorError>(self(), "negative argument passed to GeometricMean");
-    if (x == 0) {
-      zero = true;
-    } else {
-      logarithms += std::log(static_cast<Double>(x));
-    }
-  }
-  return zero ? 0.0 : std::exp(logarithms / static_cast<Double>(cells.size()));
+  const zor::detail::Logarithms logarithms = zor::detail::logarithms_of(walk(LowElem, HighElem));
+  if (logarithms.negative) zor::detail::Fail<EZORVectorError>(self(), "negative argument passed to GeometricMean");
+  return logarithms.zero ? 0.0 : std::exp(logarithms.sum / static_cast<Double>(range(LowElem, HighElem).size()));
 }
 
 template <class Self, Cell T>
 Double VectorCore<Self, T>::HarmonicMean(Integer LowElem, Integer HighElem) const {
-  const std::span<const T> cells = range(LowElem, HighElem);
-  Double reciprocals = 0.0;
-  for (const T x : cells) {
-    if (x <= 0) zor::detail::Fail<EZORVectorError>(self(), "negative or zero argument passed to HarmonicMean");
-    reciprocals += 1.0 / static_cast<Double>(x);
-  }
-  return static_cast<Double>(cells.size()) / reciprocals;
+  const zor::detail::Reciprocals reciprocals = zor::detail::reciprocals_of(walk(LowElem, HighElem));
+  if (reciprocals.not_positive)
+    zor::detail::Fail<EZORVectorError>(self(), "negative or zero argument passed to HarmonicMean");
+  return static_cast<Double>(range(LowElem, HighElem).size()) / reciprocals.sum;
 }
 
 template <class Self, Cell T>
 void VectorCore<Self, T>::SkewKurtIntern(Integer LowElem, Integer HighElem, Double& Skewness, Double& Kurtosis,
                                          Integer& NumData) const {
-  Skewness = Kurtosis = 0.0;
-  const std::span<const T> cells = range(LowElem, HighElem);
-  NumData = zor::detail::to_integer(cells.size());
-  if (NumData < 4) return;
-  const Double n = NumData;
-  Double sum = 0.0;
-  for_doubles<T>(cells, [&](std::size_t, std::span<const Double> x) { sum = kernels::sum_in_order(x, sum); });
-  const Double mean = sum / n;
-  kernels::CentralSums d;
-  for_doubles<T>(cells, [&](std::size_t, std::span<const Double> x) { kernels::accumulate_in_order(d, x, mean); });
-  const zor::detail::SkewKurt result = zor::detail::skew_kurt(n, d);
+  NumData = zor::detail::to_integer(range(LowElem, HighElem).size());
+  zor::detail::SkewKurt result;
+  if (NumData >= 4) result = zor::detail::skew_kurt_of(NumData, walk(LowElem, HighElem));
   Skewness = result.skewness;
   Kurtosis = result.kurtosis;
 }
@@ -236,8 +197,10 @@ Double VectorCore<Self, T>::PearsonCorrCoeff(const Self* OtherVec) const {
     kernels::accumulate(sums, Cells(), OtherVec->Cells());
   } else {
     std::array<Double, 512> other;
-    for_doubles<T>(Cells(), [&](std::size_t first, std::span<const Double> x) {
-      std::ranges::copy(OtherVec->Cells().subspan(first, x.size()), other.begin());
+    std::span<const T> rest = OtherVec->Cells();
+    zor::detail::for_doubles(Cells(), [&](std::span<const Double> x) {
+      std::ranges::copy(rest.first(x.size()), other.begin());
+      rest = rest.subspan(x.size());
       kernels::accumulate(sums, x, std::span<const Double>(other.data(), x.size()));
     });
   }
