@@ -17,7 +17,7 @@ using ZOR_runtime::TFileStream;
 using ZOR_runtime::TMemoryStream;
 using ZOR_runtime::TStream;
 
-constexpr Int64 kTimeSlotsAt = 12, kFormatAt = 272;
+constexpr Int64 kTimeSlotsAt = 12;
 constexpr std::size_t kLongestID = 255;
 
 Integer read_integer(TStream& stream) {
