@@ -1,5 +1,6 @@
 #include "zor/arrays/matrix_inverse.h"
 
+#include <new>
 #include <vector>
 
 #include "zor/arrays/column_pointers_internal.h"
@@ -16,6 +17,20 @@ namespace kernels = zor::kernels;
 
 namespace {
 bool step_aborts() { return zor::detail::feedback_step_aborts(); }
+
+/// The factors of columns in place. The work space of the products in it is asked for on the way: without it the
+/// columns get back what they held, which `aside`, of the same size, keeps so long.
+kernels::Factored factor_or_restore(const std::vector<Double*>& columns, const std::vector<Double*>& aside,
+                                    std::vector<std::size_t>& exchanges) {
+  const std::size_t n = columns.size();
+  for (std::size_t c = 0; c < n; ++c) zor::detail::copy_run(columns[c], n, aside[c]);
+  try {
+    return kernels::factor_scaled(columns.data(), n, exchanges.data(), step_aborts);
+  } catch (const std::bad_alloc&) {
+    for (std::size_t c = 0; c < n; ++c) zor::detail::copy_run(aside[c], n, columns[c]);
+    throw;
+  }
+}
 }  // namespace
 
 Integer InvertArray(TDouble2DArray& A) {
@@ -29,8 +44,10 @@ Integer InvertArray(TDouble2DArray& A) {
   for (TDoubleArray& column : held) columns.push_back(column.data());
   TDouble2DArray inverse;
   zor::detail::set_length_unset(inverse, n, n);
+  const std::vector<Double*> to = zor::detail::column_pointers(inverse);
   std::vector<std::size_t> exchanges(n);
-  switch (kernels::factor_scaled(columns.data(), n, exchanges.data(), step_aborts)) {
+  kernels::InverseWork work(n);
+  switch (factor_or_restore(columns, to, exchanges)) {
     case kernels::Factored::singular:
       return kSingular;
     case kernels::Factored::aborted:
@@ -38,8 +55,7 @@ Integer InvertArray(TDouble2DArray& A) {
     case kernels::Factored::done:
       break;
   }
-  if (!kernels::inverse_of_factors(columns.data(), n, exchanges.data(), zor::detail::column_pointers(inverse).data(),
-                                   step_aborts))
+  if (!kernels::inverse_of_factors(columns.data(), n, exchanges.data(), to.data(), step_aborts, work))
     return kInverseAborted;
   if (zor::detail::shape_of(A) != shape) return kNotInvertible;
   for (std::size_t c = 0; c < n; ++c) zor::detail::copy_run(inverse[c].data(), n, A[c].data());

@@ -21,7 +21,7 @@ inline constexpr Integer kInverseAborted = -4;  ///< AbortMathProc was set.
 /// There is a feedback step with a test for an abort for each column of the factors and of the inverse. Results: 0;
 /// kNotInvertible; kSingular; kInverseAborted. A row of zeros leaves A as it was, the other failures leave the factors
 /// as they are at that point. Other handles of the array see what happens, as with all work in place. If a feedback
-/// procedure gives A another size, A keeps it and the result is kNotInvertible.
+/// procedure gives A another size, A keeps it and the result is kNotInvertible. Lack of memory leaves A as it was.
 ZOR_API Integer InvertArray(TDouble2DArray& A);
 
 /// H = X (X' X)^-1 X', rows by rows: what takes the observations of a linear regression to their fitted values.

@@ -203,15 +203,15 @@ void for_cells(std::size_t rows, std::size_t columns, Move move) {
 /// those of U from the last one up, each from its diagonal cell on.
 class PackedRows {
  public:
-  PackedRows(const double* const* lu, std::size_t n) : n_(n), cells_(new double[n * n]) {
+  PackedRows(const double* const* lu, std::size_t n, double* cells) : n_(n), cells_(cells) {
     for_cells(n, n, [&](std::size_t r, std::size_t c) { *(c < r ? lower(r) + c : upper(r) + c - r) = lu[c][r]; });
   }
-  double* lower(std::size_t r) { return cells_.get() + r * (r - 1) / 2; }
-  double* upper(std::size_t r) { return cells_.get() + n_ * (n_ - 1) / 2 + (n_ - r) * (n_ - r - 1) / 2; }
+  double* lower(std::size_t r) { return cells_ + r * (r - 1) / 2; }
+  double* upper(std::size_t r) { return cells_ + n_ * (n_ - 1) / 2 + (n_ - r) * (n_ - r - 1) / 2; }
 
  private:
   std::size_t n_;
-  std::unique_ptr<double[]> cells_;
+  double* cells_;
 };
 
 }  // namespace
@@ -234,33 +234,36 @@ bool factor_in_place(double* const* a, std::size_t n, double limit) {
   return factor_with(a, n, exchanges.data(), pivots) && pivots.valid();
 }
 
+InverseWork::InverseWork(std::size_t n)
+    : triangles_(new double[n * n]), block_(new double[n * table().lanes]), unit_of_row_(n), columns_(table().lanes) {}
+
 bool inverse_of_factors(double* const* lu, std::size_t n, const std::size_t* exchanges, double* const* inverse,
-                        StepAborts step) {
+                        StepAborts step, InverseWork& work) {
   const std::size_t lanes = table().lanes;
   // A zero in front of a unit vector must not meet an infinite factor: then each unit vector is taken by itself.
   const bool finite = std::all_of(lu, lu + n, [n](const double* column) {
     return std::all_of(column, column + n, [](double x) { return std::isfinite(x); });
   });
   const std::size_t together = finite ? lanes : 1;
-  PackedRows rows(lu, n);
-  const std::unique_ptr<double[]> block(new double[n * lanes]);
+  PackedRows rows(lu, n, work.triangles_.get());
+  double* const block = work.block_.get();
   // The row in which the 1 of each unit vector ends up: a unit vector has zeros in front of it, and so has its
   // forward substitution. Taken in the order of these rows, neighbours skip the same zeros.
-  std::vector<std::size_t> unit_of_row(n);
+  std::vector<std::size_t>& unit_of_row = work.unit_of_row_;
   for (std::size_t i = 0; i < n; ++i) unit_of_row[i] = i;
   for (std::size_t i = 0; i < n; ++i) std::swap(unit_of_row[i], unit_of_row[exchanges[i]]);
-  std::vector<double*> columns(lanes);
+  std::vector<double*>& columns = work.columns_;
   for (std::size_t first = 0; first < n; first += together) {
     const std::size_t count = std::min(together, n - first);
-    std::fill_n(block.get(), n * lanes, 0.0);
-    double* const begin = block.get() + first * lanes;
+    std::fill_n(block, n * lanes, 0.0);
+    double* const begin = block + first * lanes;
     for (std::size_t i = 0; i < count; ++i) {
       if (step()) return false;
       columns[i] = inverse[unit_of_row[first + i]];
       begin[i * lanes + i] = 1.0;
     }
     loops().solve_lower_rows(rows.lower(first + 1), first, n - first, begin);
-    loops().substitute(rows.upper(n - 1), 0, n, block.get() + (n - 1) * lanes);
+    loops().substitute(rows.upper(n - 1), 0, n, block + (n - 1) * lanes);
     for_cells(n, count, [&](std::size_t r, std::size_t i) { columns[i][r] = block[r * lanes + i]; });
   }
   return true;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
+#include <vector>
 
 #include "zor/export.h"
 #include "zor/kernels/steps.h"
@@ -11,8 +13,8 @@
 /// in ascending order, as in the loops of Crout, whatever the blocks of the method: halves by recursion (Toledo,
 /// Locality of reference in LU decomposition with partial pivoting, 1997) on the product of product.h, which also tells
 /// when terms are fused. Without that, all levels give the same bits. exchanges[j] is the row that was exchanged with
-/// row j before column j was divided by its pivot. The functions allocate some work space: std::bad_alloc leaves the
-/// matrix as the interrupted work left it.
+/// row j before column j was divided by its pivot. The factorisations allocate some work space on the way:
+/// std::bad_alloc leaves the matrix partly factored.
 
 namespace zor::kernels {
 
@@ -32,10 +34,30 @@ ZOR_API void factor_partial(double* const* a, std::size_t n, std::size_t* exchan
 /// cell of U is not a number of at most the magnitude `limit`.
 ZOR_API bool factor_in_place(double* const* a, std::size_t n, double limit);
 
-/// The inverse of the matrix whose factors are `lu`, into `inverse`. `step` is called once for each column of it; false
-/// if it asked for an end. Unit vectors are substituted: forward, then backward, with the terms of each cell in
-/// ascending order.
+/// Work space of inverse_of_factors for a matrix of n columns.
+class ZOR_API InverseWork {
+ public:
+  explicit InverseWork(std::size_t n);
+
+ private:
+  friend bool inverse_of_factors(double* const*, std::size_t, const std::size_t*, double* const*, StepAborts,
+                                 InverseWork&);
+  std::unique_ptr<double[]> triangles_, block_;
+  std::vector<std::size_t> unit_of_row_;
+  std::vector<double*> columns_;
+};
+
+/// The inverse of the matrix whose factors are `lu`, into `inverse`; allocates nothing. `step` is called once for each
+/// column of it; false if it asked for an end. Unit vectors are substituted: forward, then backward, with the terms of
+/// each cell in ascending order.
 ZOR_API bool inverse_of_factors(double* const* lu, std::size_t n, const std::size_t* exchanges, double* const* inverse,
-                                StepAborts step);
+                                StepAborts step, InverseWork& work);
+
+/// The same with work space that is asked for here; std::bad_alloc, with the inverse untouched.
+inline bool inverse_of_factors(double* const* lu, std::size_t n, const std::size_t* exchanges, double* const* inverse,
+                               StepAborts step) {
+  InverseWork work(n);
+  return inverse_of_factors(lu, n, exchanges, inverse, step, work);
+}
 
 }  // namespace zor::kernels

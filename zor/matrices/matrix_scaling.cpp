@@ -51,6 +51,12 @@ class QuantileNormalizing {
   std::vector<Double> work_;
 };
 
+/// Asks for the room in result vectors while nothing has been changed.
+void make_room(TVector* centers, TVector* scales, Integer n) {
+  if (centers) centers->SetNrOfElem(n);
+  if (scales) scales->SetNrOfElem(n);
+}
+
 /// Gives a vector, if there is one, the values used.
 void report(TVector* vector, const std::vector<Scaling>& used, Double Scaling::*value) {
   if (!vector) return;
@@ -73,6 +79,7 @@ template <class Rule>
 void TMatrix::scale_columns(TVector* centers, TVector* scales, Rule&& rule) {
   std::vector<Scaling> used;
   used.reserve(Mat.size());
+  make_room(centers, scales, FNCol);
   for_columns([&](std::span<Double> column) {
     const Scaling s = used.emplace_back(rule(column));
     if (s.kind == Scaling::Kind::kDivide) kernels::shift_scale(column, s.center, s.scale);
@@ -85,6 +92,7 @@ void TMatrix::scale_columns(TVector* centers, TVector* scales, Rule&& rule) {
 
 template <class Rule>
 void TMatrix::scale_rows(TVector* centers, TVector* scales, Rule&& rule) {
+  make_room(centers, scales, FNRow);
   const TDynArray<const Double*> columns = column_pointers();
   const auto n = static_cast<std::size_t>(FNRow);
   std::vector<Scaling> used;

@@ -149,10 +149,10 @@ Boolean TMatrix::Square(TMatrix* MatRes, Double Norm, Integer NThreads) const {
   const T2DArray held = Mat;  // the cells stay while handlers run
   const TDynArray<const Double*> columns = column_pointers();
   const Integer n = FNCol, rows = FNRow;
-  MatRes->Resize(n, n);
   T2DArray made;
   zor::detail::heap_guard(
       *this, [&] { zor::detail::set_length_unset(made, zor::detail::to_size(n), zor::detail::to_size(n)); });
+  MatRes->Resize(n, n);
   const Integer threads = (std::min)({NThreads, CPUCount(), n});
   GramWork work(columns, rows, Norm, block_for(threads), made);
   if (!(threads > 1 ? square_on_workers(work, threads) : square_here(work))) return false;

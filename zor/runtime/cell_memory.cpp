@@ -46,7 +46,8 @@ constinit std::atomic<std::size_t> g_calls{0};
 void apply_limits(std::size_t bytes) {
   if (!g_limited.load(std::memory_order_relaxed)) return;
   if (bytes > g_limits.largest) fail();
-  if (g_calls.fetch_add(1, std::memory_order_relaxed) + 1 == g_limits.failing_call) fail();
+  const std::size_t call = g_calls.fetch_add(1, std::memory_order_relaxed) + 1;
+  if (call == g_limits.failing_call || (g_limits.for_good && call > g_limits.failing_call)) fail();
 }
 
 }  // namespace

@@ -21,6 +21,7 @@ struct AllocationLimits {
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
   std::size_t largest = kNone;       ///< A request for more bytes than this fails.
   std::size_t failing_call = kNone;  ///< The k-th request from now on fails, counted from 1.
+  bool for_good = false;             ///< All requests behind that one fail too.
 };
 
 /// Sets the limits for the lifetime of the scope and restores the former ones.

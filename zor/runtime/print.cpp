@@ -84,7 +84,8 @@ void print_table(std::ostream& out, std::size_t rows, std::size_t columns,
     out << '\n';
   }
   if (shown_rows == rows && texts.size() == columns) return;
-  out << "... " << rows << " rows, " << columns << " columns\n";
+  out << "... " + std::to_string(rows) + " rows, " + std::to_string(columns) +
+             " columns\n";  // the stream's locale would group digits
 }
 
 void print_line(std::ostream& out, std::size_t count, const std::function<std::string(std::size_t)>& cell) {

@@ -96,6 +96,7 @@ void TFastFourier::multiply_window(F weight) noexcept {
 }
 
 void TFastFourier::Transform() {
+  twiddles_for(false);  // before the window changes a sample
   const double n = FNumData, half = n / 2.0;
   // a0 + a1 cos(2 pi c / N) + a2 cos(4 pi c / N) + a3 cos(6 pi c / N)
   const auto cosines = [&](double a0, double a1, double a2, double a3) {
@@ -154,14 +155,19 @@ void TFastFourier::Transform() {
   DoFFT(1);
 }
 
-void TFastFourier::DoFFT(Integer ISign) {
-  const bool inverse = ISign < 0;
+TFastFourier::Cells1D& TFastFourier::twiddles_for(bool inverse) {
   Cells1D& twiddles = inverse ? inverse_twiddles_ : forward_twiddles_;
   if (twiddles.size() == 0) {
     Cells1D made = zeros(*this, FData.size());
     zor::kernels::make_twiddles({made.data(), made.size()}, inverse ? -1 : 1);
     twiddles = std::move(made);
   }
+  return twiddles;
+}
+
+void TFastFourier::DoFFT(Integer ISign) {
+  const bool inverse = ISign < 0;
+  const Cells1D& twiddles = twiddles_for(inverse);
   Double* const data = FData.data();
   zor::kernels::transform_radix2({data, FData.size()}, {twiddles.data(), twiddles.size()});
   if (inverse) {

@@ -161,6 +161,7 @@ class ZOR_API TFastFourier : public TComponent {
   template <class F>
   void multiply_window(F weight) noexcept;
   Double energy(Integer line) const noexcept;
+  Cells1D& twiddles_for(bool inverse);
 
   Integer FNumData = 0;
   TFastFourierWgtWin FWgtWin = fwRectangle;
