@@ -43,7 +43,7 @@ std::vector<std::vector<double>> read(const std::string& file, std::size_t colum
   std::ifstream in(zor::test::source_dir() / "tests/data/nist" / file);
   std::string data;
   for (std::string line; std::getline(in, line);) {
-    if (line.rfind("Data:", 0) == 0) {
+    if (line.rfind("Data:", 0) == 0 || line.find("Treatment") != std::string::npos) {
       data.clear();
     } else if (line.rfind("---", 0) != 0) {
       data += line + '\n';
@@ -79,6 +79,23 @@ TEST(MeanVarCertified, Nist) {
   });
 }
 
+// NIST StRD, analysis of variance, "SmLs01", whose treatments stand in columns under their numbers: the sums of squares
+// between and within treatments are certified as 1.68 and 1.80. The harder sets of the family have the same deviations
+// at 1e6 and 1e12; there tenths are no doubles.
+TEST(MeanVarCertified, SmLsAtAllItsOffsets) {
+  auto columns = read("SmLs01t.dat", 9);
+  std::vector<double> cells;
+  for (const auto& column : columns) cells.insert(cells.end(), column.begin() + 1, column.end());
+  ASSERT_EQ(cells.size(), 189u);
+  for (const double offset : {0.0, 999'999.0, 999'999'999'999.0}) {
+    std::vector<double> x = cells;
+    for (double& v : x) v += offset;
+    const double exact = deviations(x, x) / 188.0;
+    EXPECT_NEAR(mean_variance(x).variance, exact, 4.5e-16 * exact) << offset;
+    EXPECT_NEAR(exact * 188.0, 3.48, offset * 1e-15 + 1e-13) << offset;
+  }
+}
+
 // NIST StRD, linear regression, "Norris": slope and R^2 certified to 15 digits.
 TEST(PairMomentsCertified, NorrisLine) {
   const auto cells = read("Norris.dat", 2);
@@ -100,6 +117,31 @@ TEST(MeanVar, IsRightToTheLastBitsAtEveryLengthAndOffset) {
       EXPECT_NEAR(mean_variance(run).variance, exact, 5e-16 * exact + 4e-30 * 2 * squares) << n << ' ' << offset;
     }
   }
+}
+
+// Five cells near 1e15: their variance is that of the eighths that they are as doubles, 0.292, exactly.
+TEST(MeanVar, IsRightToTheLastBitsHoweverSmallTheSpread) {
+  const std::vector<double> five{1000000000000000.2, 1000000000000000.2, 1000000000000001.1, 999999999999999.6,
+                                 1000000000000000.5};
+  std::vector<double> eighths;
+  for (const double x : five) eighths.push_back(x - 1e15);
+  on_every_level([&] {
+    EXPECT_EQ(mean_variance(five).variance, mean_variance(eighths).variance);
+    for (const double offset : {1e7, 1e9, 1e12, 1e15, -1e12}) {
+      for (const double spread : {2.0, 0.2, 0.001}) {
+        auto x = noise<double>(1000, 3), y = noise<double>(1000, 4);
+        for (double& v : x) v = offset + spread * v;
+        const double exact = deviations(x, x), product = deviations(x, y);
+        EXPECT_NEAR(mean_variance(x).variance, exact / 999.0, 4.5e-16 * exact / 999.0) << offset << ' ' << spread;
+        const PairMoments m = pair_moments(x, y);
+        EXPECT_NEAR(m.cxx, exact, 4.5e-16 * exact);
+        EXPECT_NEAR(m.cxy, product, 1e-15 * std::sqrt(exact * 1000.0)) << offset << ' ' << spread;
+      }
+    }
+    std::vector<std::int32_t> whole(1000, 2'000'000'000);
+    whole[77] += 1;
+    EXPECT_EQ(mean_variance(whole).variance, 1e-3);
+  });
 }
 
 TEST(MeanVar, FollowsCellsThatGrowByManyOrders) {

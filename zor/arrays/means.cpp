@@ -59,23 +59,20 @@ Double mean_of(const A& a, const Box<N>& box) {
 
 template <class A, std::size_t N>
 Integer mean_array(const A& a, const Bounds<N>& low, const Bounds<N>& high, Double& mean) {
-  mean = 0.0;
   Box<N> box;
   const Integer code = measure(a, low, high, box);
-  if (code == 0) mean = mean_of(a, box);
+  mean = code == 0 ? mean_of(a, box) : 0.0;
   return code;
 }
 
 template <class A, std::size_t N>
 Integer mean_var_array(const A& a, const Bounds<N>& low, const Bounds<N>& high, Double& mean, Double& variance) {
-  mean = variance = 0.0;
   Box<N> box;
   const Integer code = measure(a, low, high, box);
-  if (code != 0) return code;
-  const kernels::MeanVar result = mean_variance(a, box);
+  const kernels::MeanVar result = code == 0 ? mean_variance(a, box) : kernels::MeanVar{};
   mean = result.mean;
   variance = result.variance;
-  return 0;
+  return code;
 }
 
 template <class A, std::size_t N>
@@ -156,9 +153,11 @@ Integer MeanVarArray(const A& a, Integer LowCol, Integer LowRow, Integer HighCol
 template <class A>
   requires Num<A, 1>
 Integer MeanAbsDev(const A& a, Integer Count, Double& Dev) {
-  Dev = 0.0;
-  if (a.empty()) return kEmptyArray;
-  if (Count < 0 || zor::detail::to_size(Count) > a.size()) return kBadRange;
+  const Integer code = a.empty() ? kEmptyArray : Count < 0 || zor::detail::to_size(Count) > a.size() ? kBadRange : 0;
+  if (code != 0) {
+    Dev = 0.0;
+    return code;
+  }
   const std::size_t n = Count == 0 ? a.size() : zor::detail::to_size(Count);
   const Double mean = mean_of(a, Box<1>{{0}, {n}});
   Double sum = 0.0;

@@ -35,21 +35,23 @@ kernels::Extremes<Double> extremes_of(const A& a, const Box<N>& box) {
 template <class A, std::size_t N>
 kernels::MeanVar moments_of(const A& a, const Box<N>& box) {
   std::array<Double, 16 * kernels::kPartialSums> numbers;
-  std::size_t count = 0;
-  kernels::MomentSums sums;
-  zor::detail::for_runs(
-      box,
-      [&](std::span<const Double> run) {
-        for (const Double x : run) {
-          if (std::isnan(x)) continue;
-          numbers[count++] = x;
-          if (count == numbers.size()) kernels::accumulate(sums, {numbers.data(), std::exchange(count, 0)});
-        }
-      },
-      a);
-  kernels::accumulate(sums, {numbers.data(), count});
-  if (sums.n == 0) return {0, std::numeric_limits<Double>::quiet_NaN(), 0.0};
-  return kernels::mean_variance(sums);
+  kernels::MeanVar result = kernels::mean_variance_of_runs([&](auto take) {
+    std::size_t count = 0;
+    const auto hand_out = [&] { take(std::span<const Double>(numbers.data(), std::exchange(count, 0))); };
+    zor::detail::for_runs(
+        box,
+        [&](std::span<const Double> run) {
+          for (const Double x : run) {
+            if (std::isnan(x)) continue;
+            numbers[count++] = x;
+            if (count == numbers.size()) hand_out();
+          }
+        },
+        a);
+    hand_out();
+  });
+  if (result.n == 0) result.mean = std::numeric_limits<Double>::quiet_NaN();
+  return result;
 }
 
 template <class A, std::size_t N>

@@ -52,6 +52,22 @@ void accumulate_products(PartialSums& sums, std::span<const double> x, std::span
       [&](std::size_t start, std::size_t blocks) { table().dot(x.data() + start, y.data() + start, blocks, sums); });
 }
 
+/// x[i] - origin, at most kChunk of them. A chunk fills the partial sums evenly.
+constexpr std::size_t kChunk = 16 * kPartialSums;
+template <class T>
+std::span<const double> differences(std::span<const T> x, double origin, double (&room)[kChunk]) {
+  for (std::size_t i = 0; i < x.size(); ++i) room[i] = static_cast<double>(x[i]) - origin;
+  return {room, x.size()};
+}
+
+template <class T>
+void accumulate_differences(MomentSums& sums, std::span<const T> x, double origin) {
+  double room[kChunk];
+  for (; !x.empty(); x = x.subspan(std::min(x.size(), kChunk))) {
+    accumulate(sums, differences(x.first(std::min(x.size(), kChunk)), origin, room));
+  }
+}
+
 /// Sum of the squared deviations, Q - S S / n.
 double deviations(const MomentSums& sums, DoubleDouble s, DoubleDouble q) {
   if (sums.all_equal && std::isfinite(sums.first)) return 0.0;
@@ -71,6 +87,14 @@ DoubleDouble fold(const PartialSums& sums) noexcept {
 double centered(DoubleDouble a, DoubleDouble b, DoubleDouble c, std::size_t n) noexcept {
   // (b / n) c instead of (b c) / n, which may overflow where the result doesn't.
   return (a - b / static_cast<double>(n) * c).hi;
+}
+
+void accumulate(MomentSums& sums, std::span<const double> x, double origin) noexcept {
+  accumulate_differences(sums, x, origin);
+}
+
+void accumulate(MomentSums& sums, std::span<const std::int32_t> x, double origin) noexcept {
+  accumulate_differences(sums, x, origin);
 }
 
 void accumulate(MomentSums& sums, std::span<const double> x) noexcept {
@@ -97,22 +121,18 @@ MeanVar mean_variance(const MomentSums& sums) noexcept {
   return result;
 }
 
+bool loses_bits(const MomentSums& sums) noexcept {
+  if (sums.n < 2 || sums.all_equal) return false;
+  const DoubleDouble q = fold(sums.squares);
+  return deviations(sums, fold(sums.sum), q) < 0x1p-45 * q.hi;
+}
+
 MeanVar mean_variance(std::span<const double> x) noexcept {
-  MomentSums sums;
-  accumulate(sums, x);
-  return mean_variance(sums);
+  return mean_variance_of_runs([x](auto take) { take(x); });
 }
 
 MeanVar mean_variance(std::span<const std::int32_t> x) noexcept {
-  MomentSums sums;
-  double cells[16 * kPartialSums];
-  while (!x.empty()) {
-    const std::size_t n = std::min(x.size(), std::size(cells));
-    std::copy_n(x.begin(), n, cells);
-    accumulate(sums, {cells, n});
-    x = x.subspan(n);
-  }
-  return mean_variance(sums);
+  return mean_variance_of_runs([x](auto take) { take(x); });
 }
 
 DoubleDouble sum_twofold(std::span<const double> x) noexcept {
@@ -144,6 +164,15 @@ void accumulate(PairSums& sums, std::span<const double> x, std::span<const doubl
   }
 }
 
+void accumulate(PairSums& sums, std::span<const double> x, std::span<const double> y, double x_origin,
+                double y_origin) noexcept {
+  double x_room[kChunk], y_room[kChunk];
+  for (std::size_t i = 0; i < x.size(); i += kChunk) {
+    const std::size_t n = std::min(kChunk, x.size() - i);
+    accumulate(sums, differences(x.subspan(i, n), x_origin, x_room), differences(y.subspan(i, n), y_origin, y_room));
+  }
+}
+
 PairMoments pair_moments(const PairSums& sums) noexcept {
   if (sums.x.n == 0) return {};
   const DoubleDouble sx = fold(sums.x.sum), sy = fold(sums.y.sum);
@@ -157,9 +186,7 @@ PairMoments pair_moments(const PairSums& sums) noexcept {
 }
 
 PairMoments pair_moments(std::span<const double> x, std::span<const double> y) noexcept {
-  PairSums sums;
-  accumulate(sums, x, y);
-  return pair_moments(sums);
+  return pair_moments_of_runs([x, y](auto take) { take(x, y); });
 }
 
 void accumulate_in_order(CentralSums& sums, std::span<const double> x, double mean) noexcept {

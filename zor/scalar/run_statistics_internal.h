@@ -49,9 +49,8 @@ T sum_of(Walk walk) {
 /// Number of cells, their mean and variance.
 template <class Walk>
 kernels::MeanVar mean_variance_of(Walk walk) {
-  kernels::MomentSums sums;
-  walk([&](auto run) { for_doubles(run, [&](std::span<const double> x) { kernels::accumulate(sums, x); }); });
-  return kernels::mean_variance(sums);
+  return kernels::mean_variance_of_runs(
+      [&](auto take) { walk([&](auto run) { for_doubles(run, [&](std::span<const double> x) { take(x); }); }); });
 }
 
 /// The same by the rule of the containers, whose variance is 1.0 below three cells.
