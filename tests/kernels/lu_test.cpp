@@ -125,18 +125,20 @@ TEST_F(Lu, HasTheBitsOfCroutsLoops) {
 
       Matrix in_order = start, plain = start;
       crout(in_order, [](const Matrix&, std::size_t j) { return j; });
-      EXPECT_TRUE(factor_in_place(plain.columns(), n, 1e9));
+      EXPECT_TRUE(factor_in_place(plain.columns(), n, {1e9, 1e9}));
       EXPECT_EQ(plain.cells(), in_order.cells());
     }
   }
 }
 
-TEST_F(Lu, WithoutExchangesStopsAtACellAboveTheLimit) {
+TEST_F(Lu, WithoutExchangesStopsAtACellAboveItsLimit) {
   const Matrix start = {{1, 2, 0}, {-1, 1, 0}, {0, 0, 1}};  // U = (1 2 .; . 3 .; . . 1)
   Matrix a = start, b = start, overflow = {{1e308, 1e308}, {-1e308, 1e308}};
-  EXPECT_TRUE(factor_in_place(a.columns(), 3, 3.0));
-  EXPECT_FALSE(factor_in_place(b.columns(), 3, 2.5));
-  EXPECT_FALSE(factor_in_place(overflow.columns(), 2, 1.7e308));
+  EXPECT_TRUE(factor_in_place(a.columns(), 3, {1.0, 3.0}));
+  EXPECT_FALSE(factor_in_place(b.columns(), 3, {1.0, 2.5}));
+  Matrix c = start;
+  EXPECT_FALSE(factor_in_place(c.columns(), 3, {0.9, 3.0})) << "a cell of L is -1";
+  EXPECT_FALSE(factor_in_place(overflow.columns(), 2, {1.0, 1.7e308}));
 }
 
 TEST_F(Lu, OfAllKindsOfMatricesLeavesASmallResidual) {

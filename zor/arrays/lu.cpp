@@ -4,7 +4,6 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -19,11 +18,8 @@ namespace {
 
 namespace kernels = zor::kernels;
 
-TDouble2DArray copy_of(const TDouble2DArray& a) {
-  TDouble2DArray made;
-  zor::detail::set_length_unset(made, a.size(), a.size());
-  for (std::size_t c = 0; c < a.size(); ++c) std::copy_n(a[c].data(), a.size(), made[c].data());
-  return made;
+void copy_cells(const TDouble2DArray& a, TDouble2DArray& to) {
+  for (std::size_t c = 0; c < a.size(); ++c) std::copy_n(a[c].data(), a.size(), to[c].data());
 }
 
 /// The largest magnitude of the cells; infinite or NaN if one is not finite.
@@ -52,20 +48,25 @@ struct Factors {
   Integer swaps = 0;
 };
 
-/// Without exchanges, if no cell grows too much.
-std::optional<Factors> plain_factors(const TDouble2DArray& a, Double largest) {
-  constexpr Double kMostGrowth = 1000.0;
-  Factors f{copy_of(a), std::vector<std::size_t>(a.size())};
+/// Room for the factors of a.
+Factors unset_factors(const TDouble2DArray& a) {
+  Factors f{{}, std::vector<std::size_t>(a.size())};
+  zor::detail::set_length_unset(f.cells, a.size(), a.size());
   std::iota(f.row_of_a.begin(), f.row_of_a.end(), std::size_t{0});
-  const Double limit = std::min(kMostGrowth * largest, std::numeric_limits<Double>::max());
-  if (!kernels::factor_in_place(zor::detail::column_pointers(f.cells).data(), a.size(), limit)) return {};
   return f;
 }
 
-Factors pivoted_factors(const TDouble2DArray& a) {
+/// Without exchanges; false if a cell grows too much. A pivot of rounding noise shows in L, an unlucky one in U.
+bool factor_plain(const TDouble2DArray& a, Double largest, Factors& f) {
+  constexpr Double kMostGrowth = 100.0;
+  const Double upper = std::min(kMostGrowth * largest, std::numeric_limits<Double>::max());
+  copy_cells(a, f.cells);
+  return kernels::factor_in_place(zor::detail::column_pointers(f.cells).data(), a.size(), {kMostGrowth, upper});
+}
+
+void factor_pivoted(const TDouble2DArray& a, Factors& f) {
   const std::size_t n = a.size();
-  Factors f{copy_of(a), std::vector<std::size_t>(n)};
-  std::iota(f.row_of_a.begin(), f.row_of_a.end(), std::size_t{0});
+  copy_cells(a, f.cells);
   std::vector<std::size_t> exchanges(n);
   kernels::factor_partial(zor::detail::column_pointers(f.cells).data(), n, exchanges.data());
   for (std::size_t j = 0; j < n; ++j) {
@@ -73,13 +74,13 @@ Factors pivoted_factors(const TDouble2DArray& a) {
     std::swap(f.row_of_a[j], f.row_of_a[exchanges[j]]);
     ++f.swaps;
   }
-  return f;
 }
 
 /// Without exchanges if that goes well.
 Factors factors(const TDouble2DArray& a, Double largest) {
-  std::optional<Factors> plain = plain_factors(a, largest);
-  return plain ? std::move(*plain) : pivoted_factors(a);
+  Factors f = unset_factors(a);
+  if (!factor_plain(a, largest, f)) factor_pivoted(a, f);
+  return f;
 }
 
 /// Leaves U in the square and gives L; row r of it goes to row to[r].
@@ -119,7 +120,8 @@ Integer LUPdecomposition(const TDouble2DArray& A, TDouble2DArray& L, TDouble2DAr
   if (&L == &U) return kSizeMismatch;
   Double largest = 0.0;
   if (const Integer code = check(A, largest)) return code;
-  Factors f = pivoted_factors(A);
+  Factors f = unset_factors(A);
+  factor_pivoted(A, f);
   if (!std::isfinite(largest_cell(f.cells))) return kNotFinite;
   const std::size_t n = A.size();
   std::vector<std::size_t> same(n);

@@ -39,23 +39,23 @@ void solve_lower(double* const* l, std::size_t first, std::size_t size, double* 
 /// accept(j) sees it in its place and tells whether the column is to be divided by it.
 class NoExchange {
  public:
-  NoExchange(double* const* a, std::size_t n, double limit) : a_(a), n_(n), limit_(limit) {}
+  NoExchange(double* const* a, std::size_t n, Growth most) : a_(a), n_(n), most_(most) {}
   bool begin_column() { return valid_; }
   std::size_t choose(std::size_t j) { return j; }
   void exchanged(std::size_t, std::size_t) {}
   bool accept(std::size_t j) {
     const double* const column = a_[j];
-    valid_ = largest_magnitude(column, j + 1) <= limit_;
-    if (column[j] != 0.0) return valid_;
-    valid_ = valid_ && std::all_of(column + j, column + n_, [](double x) { return x == 0.0; });
-    return false;
+    const double below = j + 1 < n_ ? largest_magnitude(column + j + 1, n_ - j - 1) : 0.0;
+    // A pivot 0 passes with zeros below it.
+    valid_ = largest_magnitude(column, j + 1) <= most_.upper && below <= most_.lower * std::fabs(column[j]);
+    return valid_ && column[j] != 0.0;
   }
   bool valid() const { return valid_; }
 
  private:
   double* const* a_;
   std::size_t n_;
-  double limit_;
+  Growth most_;
   bool valid_ = true;
 };
 
@@ -228,8 +228,8 @@ void factor_partial(double* const* a, std::size_t n, std::size_t* exchanges) {
   factor_with(a, n, exchanges, pivots);
 }
 
-bool factor_in_place(double* const* a, std::size_t n, double limit) {
-  NoExchange pivots(a, n, limit);
+bool factor_in_place(double* const* a, std::size_t n, Growth most) {
+  NoExchange pivots(a, n, most);
   std::vector<std::size_t> exchanges(n);
   return factor_with(a, n, exchanges.data(), pivots) && pivots.valid();
 }

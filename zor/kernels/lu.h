@@ -30,9 +30,14 @@ ZOR_API Factored factor_scaled(double* const* a, std::size_t n, std::size_t* exc
 /// it then holds zeros.
 ZOR_API void factor_partial(double* const* a, std::size_t n, std::size_t* exchanges);
 
-/// No exchange of rows. False, with the matrix partly factored, if a pivot is 0 with a cell other than 0 below it, or a
-/// cell of U is not a number of at most the magnitude `limit`.
-ZOR_API bool factor_in_place(double* const* a, std::size_t n, double limit);
+/// The largest magnitudes that the cells of L and of U may have.
+struct Growth {
+  double lower, upper;
+};
+
+/// No exchange of rows. False, with the matrix partly factored, as soon as a cell of L or U is not a number within
+/// `most`; so, too, where a pivot is 0 with a cell other than 0 below it.
+ZOR_API bool factor_in_place(double* const* a, std::size_t n, Growth most);
 
 /// Work space of inverse_of_factors for a matrix of n columns.
 class ZOR_API InverseWork {
