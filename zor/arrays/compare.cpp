@@ -2,11 +2,32 @@
 
 #include <algorithm>
 #include <concepts>
+#include <optional>
+#include <utility>
 
 #include "zor/arrays/walk_internal.h"
 #include "zor/kernels/search.h"
 
 namespace ZOR_openarrays {
+namespace {
+
+/// The two values of the cells, the smaller one first; of integers they may be equal.
+template <class A, class T = CellType<A>>
+std::optional<std::pair<T, T>> two_values(const A& a) {
+  if (a.size() < 2) return {};
+  const T first = a[0];
+  T second = first;
+  for (const T x : a) {
+    if (x == first || (second != first && x == second)) continue;
+    if (second != first || x != x) return {};
+    second = x;
+  }
+  if (first != first) return {};
+  if (std::same_as<T, Double> && second == first) return {};
+  return std::pair<T, T>(std::min(first, second), std::max(first, second));
+}
+
+}  // namespace
 
 template <class A>
   requires ArrayOf<A, 1, 4, Integer>
@@ -51,21 +72,10 @@ Boolean IsStrictlyMonotone(const A& a) {
 template <class A>
   requires Num<A, 1>
 Boolean IsDichotomous(const A& a, CellType<A>& Value1, CellType<A>& Value2) {
-  using T = CellType<A>;
-  Value1 = Value2 = 0;
-  if (a.size() < 2) return false;
-  const T first = a[0];
-  T second = first;
-  for (const T x : a) {
-    if (x == first || (second != first && x == second)) continue;
-    if (second != first || x != x) return false;
-    second = x;
-  }
-  if (first != first) return false;
-  if (std::same_as<T, Double> && second == first) return false;
-  Value1 = std::min(first, second);
-  Value2 = std::max(first, second);
-  return true;
+  const auto values = two_values(a);
+  Value1 = values ? values->first : 0;
+  Value2 = values ? values->second : 0;
+  return values.has_value();
 }
 
 #define ZOR_INSTANCES(A)                            \

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 #include "zor/arrays/walk_internal.h"
@@ -98,6 +99,11 @@ Integer EigenDecomposition(const TDouble2DArray& A, Boolean Flag, TDouble2DArray
   const auto shape = zor::detail::shape_of(A);
   const std::size_t n = shape.length[0];
   if (shape.empty() || shape.length[1] != n) return kEmptyArray;
+  // The columns of Vectors are replaced, and with them a handle that is one of them.
+  if (std::any_of(std::as_const(Vectors).begin(), std::as_const(Vectors).end(),
+                  [&](const TDoubleArray& column) { return &column == &Values; })) {
+    return kValuesInVectors;
+  }
   const Symmetry symmetry(A);
   if (!symmetry.finite || (Flag && !symmetry.within_rounding())) return kNotSymmetric;
 

@@ -1,6 +1,8 @@
 #include "zor/arrays/matrix_product.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "zor/arrays/column_pointers_internal.h"
@@ -72,9 +74,18 @@ Integer product(const A& a, const B& b, C& c) {
 template <class V, class M>
 Integer outer_product(const V& a, const V& b, M& c) {
   if (a.empty() || b.empty()) return kEmptyArray;
-  zor::detail::write_result(c, Shape<2>{{b.size(), a.size()}}, [&](M& result) {
+  const Shape<2> shape{{b.size(), a.size()}};
+  const auto write = [&](M& result) {
     for (std::size_t column = 0; column < b.size(); ++column) zor::kernels::scale(a, b[column], result[column]);
-  });
+  };
+  const auto is_factor = [&](const auto& column) { return column.data() == a.data() || column.data() == b.data(); };
+  if (std::any_of(std::as_const(c).begin(), std::as_const(c).end(), is_factor)) {
+    M made;
+    zor::detail::write_result(made, shape, write);
+    c.swap(made);
+  } else {
+    zor::detail::write_result(c, shape, write);
+  }
   return 0;
 }
 

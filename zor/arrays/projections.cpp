@@ -112,7 +112,6 @@ Integer EdgeVector(const A& a, TOrientation Orient, TEdgeOp EdgeOp, TDoubleArray
 template <class A>
   requires Num<A, 2>
 void BoundingRect(const A& a, Integer& Left, Integer& Right, Integer& Top, Integer& Bottom) {
-  Left = Right = Top = Bottom = -1;
   const auto [cols, rows] = zor::detail::shape_of(a).length;
   std::size_t left = cols, right = 0, top = rows, end = 0;  // rows from top, in front of end
   const auto set = [](CellType<A> x) { return x != 0; };
@@ -127,7 +126,10 @@ void BoundingRect(const A& a, Integer& Left, Integer& Right, Integer& Top, Integ
     top = (std::min)(top, first);
     end = (std::max)(end, last);
   }
-  if (left == cols) return;
+  if (left == cols) {
+    Left = Right = Top = Bottom = -1;
+    return;
+  }
   Left = to_integer(left), Right = to_integer(right);
   Top = to_integer(top), Bottom = to_integer(end - 1);
 }

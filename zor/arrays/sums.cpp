@@ -70,14 +70,12 @@ Double SumOfSquaredDiffs(const TDoubleArray& A, const TDouble2DArray& M, Integer
 template <class A>
   requires Num<A, 2>
 Integer TraceOfArray(const A& a, CellType<A>& Trace) {
-  Trace = 0;
   const auto shape = shape_of(a);
-  if (shape.empty()) return kEmptyArray;
-  if (shape.length[0] != shape.length[1]) return kSizeMismatch;
+  const Integer code = shape.empty() ? kEmptyArray : shape.length[0] != shape.length[1] ? kSizeMismatch : 0;
   CellType<A> trace = 0;
-  for (std::size_t i = 0; i < shape.length[0]; ++i) trace = add(trace, a[i][i]);
+  for (std::size_t i = 0; code == 0 && i < shape.length[0]; ++i) trace = add(trace, a[i][i]);
   Trace = trace;
-  return 0;
+  return code;
 }
 
 #define ZOR_INSTANCES(A)                                                      \
