@@ -133,6 +133,15 @@ TEST(DistFromEllipse, AgreesWithLongArithmetic) {
   }
 }
 
+TEST(DistFromEllipse, IsFiniteForFiniteInput) {
+  TPointDouble nearest{};
+  EXPECT_DOUBLE_EQ(DistFromEllipse({1e-323, 1e-323}, 0, 0, 5, 5, nearest), 5.0);
+  EXPECT_DOUBLE_EQ(nearest.x, std::sqrt(12.5));
+  EXPECT_DOUBLE_EQ(nearest.y, std::sqrt(12.5));
+  EXPECT_DOUBLE_EQ(DistFromEllipse({1e-323, 1e-323}, 0, 0, 5, 3, nearest), 3.0);
+  EXPECT_DOUBLE_EQ(DistFromEllipse({1, 1e300}, 0, 0, 1e300, 1.7e308, nearest), 1e300);
+}
+
 TEST(DistFromEllipse, KnowsTheVerticesAndTheCentre) {
   TPointDouble nearest;
   EXPECT_EQ(DistFromEllipse({0, 0}, 0, 0, 5, 3, nearest), 3.0);

@@ -28,6 +28,12 @@ std::string message_of(Action action) {
 
 static_assert(std::is_base_of_v<Exception, EZORSLineError> && !std::is_base_of_v<EZORError, EZORSLineError>);
 
+TEST(TSLine, OfTheXAxisHasSlopeAndInterceptWithoutSign) {
+  const TSLine line;
+  EXPECT_FALSE(std::signbit(line.Slope()));
+  EXPECT_FALSE(std::signbit(line.Intercept()));
+}
+
 TEST(TSLine, ExampleOfTheChiefHeaderRuns) {
   TSLine roof, wall;
   roof.LineFrom2Points(0, 3, 4, 5);

@@ -57,14 +57,28 @@ TPointDouble nearest_off_axes(Double x, Double y, Double a, Double b) {
     if (h == 0.0) break;
     (h > 0.0 ? low : high) = u;
   }
-  return {r * x / (u + r_minus_1), y / u};
+  const Double along = r * x, across = u + r_minus_1;
+  return {std::isfinite(along) ? along / across : r / across * x, y / u};
 }
 
 TPointDouble nearest_in_quadrant(Double x, Double y, Double a, Double b) {
   if (!(b / a >= kFlattest)) return {std::min(x, a), 0.0};
-  if (y == 0.0) return nearest_on_long_axis(x, a, b);
+  constexpr Double kSmallest = std::numeric_limits<Double>::min();
+  if (a == b && x / a < kSmallest && y / b < kSmallest && (x != 0.0 || y != 0.0)) {
+    const Double angle = std::atan2(y, x);  // close to the centre of a circle the direction alone counts
+    return {a * std::cos(angle), b * std::sin(angle)};
+  }
+  if (y / b < kSmallest) return nearest_on_long_axis(x, a, b);
   if (x == 0.0) return {0.0, b};
   return nearest_off_axes(x, y, a, b);
+}
+
+/// sqrt(dx^2 + dy^2) where a square may overflow or vanish.
+Double distance_of_any_size(Double dx, Double dy) {
+  const Double larger = std::max(std::fabs(dx), std::fabs(dy));
+  if (larger == 0.0 || (larger > 0x1p-400 && larger < 0x1p400)) return EuclideanDistance(0.0, 0.0, dx, dy);
+  const int k = std::ilogb(larger);  // a power of two keeps all digits
+  return std::scalbn(EuclideanDistance(0.0, 0.0, std::scalbn(dx, -k), std::scalbn(dy, -k)), k);
 }
 
 }  // namespace
@@ -122,7 +136,7 @@ Double DistFromEllipse(const TPointDouble& P, Double Cx, Double Cy, Double A, Do
   x = std::fabs(x);
   y = std::fabs(y);
   TPointDouble foot = nearest_in_quadrant(x, y, a, b);
-  const Double distance = EuclideanDistance(foot, {x, y});
+  const Double distance = distance_of_any_size(foot.x - x, foot.y - y);
   if (flip_x) foot.x = -foot.x;
   if (flip_y) foot.y = -foot.y;
   if (upright) std::swap(foot.x, foot.y);

@@ -20,6 +20,9 @@ constexpr Double kAlmostZero = 1.0e-100;
 /// Hits of a box that are no farther apart than this, as a part of its larger side, are one corner.
 constexpr Double kSameHit = 1e-12;
 
+/// -a / b; a zero has no sign.
+Double negative_ratio(Double a, Double b) noexcept { return 0.0 - a / b; }
+
 void check_direction(Double v, Double other) {
   if (v == 0.0 && other == 0.0) Fail<EZORSLineError>("parameter A and B must not both be zero");
 }
@@ -76,18 +79,18 @@ void TSLine::ParallelLine(Double px, Double py, const TSLine* OtherLine) noexcep
 
 void TSLine::CalcKDForm(Double& k, Double& d) const {
   if (FParB == 0.0) Fail<EZORSLineError>("cannot convert to k-d-form if ParB is zero");
-  k = -FParA / FParB;
-  d = -FParC / FParB;
+  k = negative_ratio(FParA, FParB);
+  d = negative_ratio(FParC, FParB);
 }
 
 Double TSLine::Slope() const {
   if (FParB == 0.0) Fail<EZORSLineError>("slope is infinite");
-  return -FParA / FParB;
+  return negative_ratio(FParA, FParB);
 }
 
 Double TSLine::Intercept() const {
   if (FParB == 0.0) Fail<EZORSLineError>("cannot calculate intercept (line is parallel to y axis)");
-  return -FParC / FParB;
+  return negative_ratio(FParC, FParB);
 }
 
 Double TSLine::Direction() const noexcept {
