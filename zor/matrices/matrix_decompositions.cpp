@@ -33,13 +33,8 @@ Boolean TMatrix::LUdecomposition(TMatrix* MatL, TMatrix* MatU) const {
   T2DArray lower, upper;
   const auto factor = [&] { return ZOR_openarrays::LUdecomposition(Mat, lower, upper); };
   if (zor::detail::memory_guard(*this, factor) != 0) return false;
-  const Integer n = Length(lower);
-  const auto give = [n](const T2DArray& cells, TMatrix& to) {
-    to.Resize(n, n);
-    to.CopyFromArray(cells, 0, 0, 0, 0, 1, 1);
-  };
-  give(lower, *MatL);
-  give(upper, *MatU);
+  MatL->write_result(lower);
+  MatU->write_result(upper);
   return true;
 }
 

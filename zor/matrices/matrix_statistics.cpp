@@ -118,9 +118,9 @@ Double TMatrix::Correlate(const TMatrix* OtherMat) const {
   if (!OtherMat || OtherMat->FNCol != FNCol || OtherMat->FNRow != FNRow) {
     zor::detail::Fail<EZORMatrixError>(*this, "matrices do not match");
   }
-  kernels::PairSums sums;
-  for (Integer c = 1; c <= FNCol; ++c) kernels::accumulate(sums, Column(c), OtherMat->Column(c));
-  const kernels::PairMoments moments = kernels::pair_moments(sums);
+  const kernels::PairMoments moments = kernels::pair_moments_of_runs([&](auto take) {
+    for (Integer c = 1; c <= FNCol; ++c) take(Column(c), OtherMat->Column(c));
+  });
   return moments.n < 3 ? 0.0 : zor::detail::correlation(moments);
 }
 

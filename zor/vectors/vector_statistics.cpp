@@ -192,19 +192,19 @@ Boolean VectorCore<Self, T>::IsDichotomous(T& v1, T& v2) const {
 template <class Self, Cell T>
 Double VectorCore<Self, T>::PearsonCorrCoeff(const Self* OtherVec) const {
   if (!OtherVec || OtherVec->NrOfElem() != NrOfElem() || NrOfElem() < 2) return 0.0;
-  kernels::PairSums sums;
   if constexpr (RealCell<T>) {
-    kernels::accumulate(sums, Cells(), OtherVec->Cells());
+    return zor::detail::correlation(kernels::pair_moments(Cells(), OtherVec->Cells()));
   } else {
     std::array<Double, 512> other;
-    std::span<const T> rest = OtherVec->Cells();
-    zor::detail::for_doubles(Cells(), [&](std::span<const Double> x) {
-      std::ranges::copy(rest.first(x.size()), other.begin());
-      rest = rest.subspan(x.size());
-      kernels::accumulate(sums, x, std::span<const Double>(other.data(), x.size()));
-    });
+    return zor::detail::correlation(kernels::pair_moments_of_runs([&](auto take) {
+      std::span<const T> rest = OtherVec->Cells();
+      zor::detail::for_doubles(Cells(), [&](std::span<const Double> x) {
+        std::ranges::copy(rest.first(x.size()), other.begin());
+        rest = rest.subspan(x.size());
+        take(x, std::span<const Double>(other.data(), x.size()));
+      });
+    }));
   }
-  return zor::detail::correlation(kernels::pair_moments(sums));
 }
 
 template <class Self, Cell T>
