@@ -29,7 +29,7 @@ class HeapBound {
   explicit HeapBound(std::size_t input) {
     live_ = 0;
     // An input is held twice at most besides: as the bytes of a stream and in a buffer.
-    most_ = zor::detail::kFreeBytes + (zor::detail::kBytesForByte + 2) * static_cast<std::int64_t>(input);
+    most_ = (std::int64_t{1} << 24) + (zor::detail::kBytesForByte + 2) * static_cast<std::int64_t>(input);
 #ifdef ZOR_SEES_HEAP
     [[maybe_unused]] static const int installed = __sanitizer_install_malloc_and_free_hooks(
         [](const volatile void*, std::size_t n) {

@@ -10,8 +10,8 @@
 
 namespace zor::detail {
 
-/// Bytes that a reader may allocate on the word of any file.
-inline constexpr std::int64_t kFreeBytes = std::int64_t{1} << 24;
+/// Bytes that a reader may allocate on the word of any file; its buffers take what is left of 16 MiB.
+inline constexpr std::int64_t kFreeBytes = 16'000'000;
 /// Cells of 8 bytes likewise.
 inline constexpr std::int64_t kFreeCells = kFreeBytes / 8;
 /// Bytes that a reader may allocate in addition for each byte of the file: what a column of one cell costs, for the two
