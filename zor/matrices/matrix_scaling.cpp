@@ -7,7 +7,6 @@
 #include "zor/matrices/matrix.h"
 #include "zor/matrices/percentile_internal.h"
 #include "zor/matrices/row_blocks_internal.h"
-#include "zor/vectors/store_internal.h"
 
 namespace ZOR_matrix {
 namespace {
@@ -57,12 +56,13 @@ void make_room(TVector* centers, TVector* scales, Integer n) {
   if (scales) scales->SetNrOfElem(n);
 }
 
-/// Gives a vector, if there is one, the values used.
+/// Gives a vector, if there is one, the values used. Nothing may fail here: the cells have changed.
 void report(TVector* vector, const std::vector<Scaling>& used, Double Scaling::*value) {
   if (!vector) return;
-  std::vector<Double> values(used.size());
-  std::ranges::transform(used, values.begin(), value);
-  zor::detail::store(*vector, values);
+  vector->SetNrOfElem(zor::detail::to_integer(used.size()));  // a handler may have changed it since
+  const auto edit = vector->Edit();
+  const std::size_t n = std::min(used.size(), edit.cells().size());
+  for (std::size_t i = 0; i < n; ++i) edit[i] = used[i].*value;
 }
 
 }  // namespace
