@@ -23,8 +23,7 @@ TEST(MultiLinReg, ReachesTheCertifiedDigits) {
       const double unit = std::abs(set.estimates[k]) + set.deviations[k];
       EXPECT_NEAR(coef.GetVal(i) / unit, set.estimates[k] / unit, std::pow(10.0, -set.digits)) << i;
       if (set.sd > 0.0) {
-        EXPECT_NEAR(dev.GetVal(i) * set.sd / set.deviations[k], 1.0, set.last_power == 2 ? 1e-4 : 1e-9)
-            << i;
+        EXPECT_NEAR(dev.GetVal(i) * set.sd / set.deviations[k], 1.0, set.last_power == 2 ? 1e-4 : 1e-9) << i;
       }
     }
   }

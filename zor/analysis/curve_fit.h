@@ -123,9 +123,8 @@ class ZOR_API TCurveFit : public TComponent {
   /// @{
   /// Spearman's correlation of ranks, corrected for ties; 0.0 below three pairs and for constant data.
   Double SpearmanRankCorr() const;
-  /// Kendall's tau-b and the two-sided p of its normal approximation, right to 1e-7. Both 0.0 where tau is undefined and
-  /// below three pairs.
-  /// M. G. Kendall, Biometrika 33 (1945), 239.
+  /// Kendall's tau-b and the two-sided p of its normal approximation, right to 1e-7. Both 0.0 where tau is undefined
+  /// and below three pairs. M. G. Kendall, Biometrika 33 (1945), 239.
   Double KendallsTau(Double& p) const;
   /// Goodman and Kruskal's gamma, (C - D) / (C + D); 0.0 without any untied pair of pairs and below three pairs.
   Double KruskalGamma() const;

@@ -11,7 +11,7 @@ namespace asc = zor::detail;
 TString TCurveFit::ExportAsASC(const TString& FName, const TString& Comment, Integer Precision) const {
   TTextFile file(FName);
   try {
-    file.Rewrite();
+    file.Replace();
   } catch (const Exception& e) {
     return e.what();
   }

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "zor/analysis/decomposition_internal.h"
-#include "zor/analysis/store_internal.h"
 #include "zor/kernels/twofold.h"
+#include "zor/vectors/store_internal.h"
 
 namespace ZOR_math2 {
 namespace {

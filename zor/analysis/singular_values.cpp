@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "zor/analysis/decomposition_internal.h"
-#include "zor/analysis/store_internal.h"
 #include "zor/kernels/product.h"
+#include "zor/vectors/store_internal.h"
 
 namespace ZOR_math2 {
 

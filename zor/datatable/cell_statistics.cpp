@@ -103,8 +103,7 @@ Integer TTableStatistics::MinMaxOfMarkedCells(Integer LowCol, Integer LowRow, In
 
 Integer TTableStatistics::mean_variance(const Gate& gate, Range cols, Range down, Double& mean,
                                         Double& variance) const {
-  const kernels::MeanVar result =
-      kernels::mean_variance_of_runs([&](auto take) { for_cells(gate, cols, down, take); });
+  const kernels::MeanVar result = kernels::mean_variance_of_runs([&](auto take) { for_cells(gate, cols, down, take); });
   mean = result.mean;
   variance = result.n < 3 ? 1.0 : result.variance;
   return zor::detail::to_integer(result.n);

@@ -339,7 +339,7 @@ TString TDataTable::ExportAsASC(const TString& FName, Integer Precision) const {
 TString TDataTable::ExportAsASC(const TString& FName, Integer Precision, const TStr2DArray& CustData) const {
   return zor::detail::failure_of([&] {
     TTextFile file(FName);
-    file.Rewrite();
+    file.Replace();
     write_asc(file, Precision, FName, CustData);
     file.Close();
   });

@@ -346,7 +346,7 @@ TString TDataTable::ExportAsCSV(const TString& FName, Integer Precision, TCSVDel
   if (Delimiter > csvBlank) return "ExportAsCSV: unknown delimiter";
   return zor::detail::failure_of([&] {
     TTextFile file(FName);
-    file.Rewrite();
+    file.Replace();
     write_csv(file, Precision, Delimiter, IncludeColHeaders, IncludeRowHeaders, IncludeRowAttributes, IncludeComment);
     file.Close();
   });

@@ -303,7 +303,7 @@ void TDataTable::WriteToXMLStream(TStream* OutStream, Boolean CreateHeader, Inte
 
 void TDataTable::SaveAsXMLFile(const TString& FName, Integer Precision, const TString& DataID) const {
   TTextFile file(FName);
-  file.Rewrite();
+  file.Replace();
   WriteToOpenXMLFile(file, true, Precision, DataID);
   file.Close();
 }
