@@ -115,7 +115,7 @@ std::ostream& operator<<(std::ostream& out, const TCurveFit& fit) {
   out << kNames[model] << "; " << std::to_string(fit.NumData()) << " pairs\n";
   if (model == rmNone) return out;
   if (model == rmCenteredPoly) out << "shift " << cell_text(fit.CPXShift()) << '\n';
-  const auto [first, last] = parameters(fit);
+  const Integer first = parameters(fit).first, last = parameters(fit).last;
   const Integer df = fit.NumData() - (last - first + 1);
   Double sse = 0.0;
   for (Integer i = 1; i <= fit.NumData(); ++i) {
