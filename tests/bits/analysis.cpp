@@ -47,4 +47,21 @@ ZOR_BITS(analysis) {
   Boolean valid;
   bits::print("correlations", std::vector{fit.CorrCoeff(), fit.SpearmanRankCorr(), fit.KendallsTau(significance)});
   bits::print("splines", std::vector{fit.CubicSpline(2.3), fit.SmoothedSpline(2.3, quality, valid), quality});
+
+  TMatrix data;
+  data.Resize(9, 500);
+  {
+    auto edit = data.Edit();
+    for (Integer c = 1; c <= 9; ++c) std::ranges::copy_n(x.begin() + 500 * (c - 1), 500, edit.Column(c).begin());
+  }
+  TVector coefficients, deviations;
+  Boolean singular;
+  CalcPrincComp(&data, 1, 9, 0, 0, 2);
+  std::vector<double> components;
+  for (Integer k = 0; k < 90; ++k) components.push_back(GetEigenResult(k / 10 + 1, k % 10));
+  bits::print("principal components", components);
+  signal.SetNrOfElem(500);
+  MultiLinReg(&data, &signal, &coefficients, &deviations, singular);
+  bits::print("least squares", std::vector<double>(coefficients.begin(), coefficients.end()));
+  bits::print("their deviations", std::vector<double>(deviations.begin(), deviations.end()));
 }

@@ -32,6 +32,12 @@ ColumnBlock::ColumnBlock(const TMatrix& from, Integer first_column, std::size_t 
 ColumnBlock::ColumnBlock(const TMatrix& from, std::size_t least_rows)
     : ColumnBlock(from, 1, to_size(from.NrOfColumns()), 1, std::max(least_rows, to_size(from.NrOfRows()))) {}
 
+ColumnBlock ColumnBlock::copy(std::size_t least_rows) const {
+  ColumnBlock made(size(), std::max(rows, least_rows));
+  for (std::size_t c = 0; c < size(); ++c) std::copy_n(columns[c], rows, made.columns[c]);
+  return made;
+}
+
 void store(TMatrix& to, const ColumnBlock& from, std::size_t rows) {
   to.Resize(to_integer(from.size()), to_integer(rows));
   auto edit = to.Edit();

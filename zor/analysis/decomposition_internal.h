@@ -24,6 +24,11 @@ struct ColumnBlock {
               ZOR_zorbase::Integer first_row, std::size_t row_count);
   /// All of it, and as many rows of 0 as are wanted at least.
   explicit ColumnBlock(const ZOR_matrix::TMatrix& from, std::size_t least_rows = 0);
+  ColumnBlock(ColumnBlock&&) = default;
+  ColumnBlock& operator=(ColumnBlock&&) = default;
+  /// The same cells once more, with as many rows of 0 below them as are wanted at least. (A plain copy would share
+  /// them.)
+  ColumnBlock copy(std::size_t least_rows = 0) const;
 
   std::size_t size() const noexcept { return columns.size(); }
   std::span<double> operator[](std::size_t c) noexcept { return {columns[c], rows}; }
