@@ -58,9 +58,11 @@ TEST(TRandGen, ScalesItsTable) {
   EXPECT_EQ(g.Probability(2), 1.0) << "the mode is 1";
   g.Normalize();
   EXPECT_EQ(g.Probability(1), 0.0);
-  g.NormalDistri(3.0, 0.0);
-  EXPECT_EQ(g.Probability(4), 1.0);
-  EXPECT_EQ(g.Probability(3) + g.Probability(5), 0.0);
+  for (const double s : {0.0, -1e-200, std::nan("")}) {
+    g.NormalDistri(3.0, s);
+    EXPECT_EQ(g.Probability(4), 1.0) << s;
+    EXPECT_EQ(g.Probability(3) + g.Probability(5), 0.0) << s;
+  }
   for (Integer i = 1; i <= 10; ++i) g.SetProbability(i, 0.0);
   EXPECT_FALSE(g.Standardize());
   EXPECT_GE(g.Random(), 0.0) << "ends without a positive entry";

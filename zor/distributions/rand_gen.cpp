@@ -90,7 +90,7 @@ void TRandGen::fill(Density density) noexcept {
 void TRandGen::UniformDistri() noexcept { std::ranges::fill(FDistVec, 1.0); }
 
 void TRandGen::NormalDistri(Double m, Double s) noexcept {
-  if (!(s != 0.0) || std::isnan(s)) return fill([m](Double x) { return x == m ? 1.0 : 0.0; });
+  if (!(s * s > 0.0)) return fill([m](Double x) { return x == m ? 1.0 : 0.0; });
   fill([=](Double x) { return std::exp(-(x - m) * (x - m) / 2.0 / (s * s)); });
 }
 

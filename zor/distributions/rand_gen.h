@@ -58,7 +58,7 @@ class ZOR_API TRandGen : public TComponent {
   /// tries. What is not finite is stored as 0.0, as at the pole of chi-squared with one degree of freedom.
   /// @{
   void UniformDistri() noexcept;
-  /// exp(-(x - m)^2 / 2 / s^2); s = 0: 1.0 at m, else 0.0.
+  /// exp(-(x - m)^2 / 2 / s^2); where s^2 is 0 or NaN: 1.0 at m, else 0.0.
   void NormalDistri(Double m, Double s) noexcept;
   void tDistri(Integer df) noexcept;
   void Chi2Distri(Integer df) noexcept;
