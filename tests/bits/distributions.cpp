@@ -6,7 +6,7 @@ using namespace ZOR_statis;
 ZOR_BITS(distributions) {
   std::vector<double> t, chi2, f, binomial, quantiles, tests;
   for (double x = 0.05; x < 60.0; x *= 1.3) {
-    for (const double df : {0.5, 3.0, 40.0, 2000.0}) {
+    for (const double df : {0.5, 3.0, 40.0, 2000.0, 3e6}) {
       t.insert(t.end(), {tDistriIntegral(-x, df), tDistriDensity(x, df)});
       chi2.insert(chi2.end(), {chi2DistriIntegral(x * df / 8, df), chi2DistriUpperTail(x * df / 8, df)});
       f.insert(f.end(), {FDistriIntegral(x, df, 9.0), FDistriUpperTail(x, df, 9.0), FDistriDensity(x, 5.0, df)});

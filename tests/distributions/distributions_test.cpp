@@ -111,6 +111,29 @@ TEST(Distributions, QuantilesInvertBothTails) {
   EXPECT_EQ(chi2DistriQuantile(1e-300, 0.1), 0.0);
 }
 
+TEST(Distributions, ExampleOfTheChiefHeaderRuns) {
+  std::ostringstream out;
+  out << std::setprecision(6) << tDistriQuantile(0.975, 9) << ' ' << std::setprecision(3)
+      << 2 * tDistriIntegral(-3.1, 9);
+  EXPECT_EQ(out.str(), "2.26216 0.0127");
+}
+
+TEST(Distributions, StayExactAtHugeDegrees) {
+  const struct {
+    double x, df, lower, upper;
+  } cases[] = {{297000, 300000, 5.114225813519132e-5, 0.99994885774186481},
+               {1.99e7, 2e7, 8.5463541691250897e-57, 1.0},
+               {2.001e7, 2e7, 0.94305878478049505, 0.056941215219504946},
+               // mpmath, from the series; at x = df the tail is 1/2 + 1 / (3 sqrt(pi df)).
+               {1e12, 1e12, 0.50000018806319452, 0.49999981193680548},
+               {1e300, 1e300, 0.5, 0.5}};
+  for (const auto& [x, df, lower, upper] : cases) {
+    EXPECT_NEAR(chi2DistriIntegral(x, df) / lower, 1.0, 1e-12) << df;
+    EXPECT_NEAR(chi2DistriUpperTail(x, df) / upper, 1.0, 1e-12) << df;
+  }
+  EXPECT_NEAR(IncompleteGamma(5e11, 5e11), 0.50000018806319452, 1e-15);
+}
+
 TEST(Distributions, AreNeutralOutsideTheirDomain) {
   for (const double bad : {0.0, -1.0, kNan, kInfinity}) {
     EXPECT_EQ(Chi2DistriDensity(1, bad) + chi2DistriIntegral(1, bad) + chi2DistriQuantile(0.5, bad), 0.0) << bad;

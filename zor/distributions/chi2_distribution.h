@@ -3,8 +3,8 @@
 #include "zor/base/ZOR_zorbase.h"
 
 /// \file  The chi-squared distribution with real degrees of freedom df.
-/// Relative error 1e-13 of density and both tails, 1e-12 of quantiles, up to df = 1e5. 0.0 for df <= 0, NaN and
-/// infinite df.
+/// Relative error of densities, both tails and quantiles below 1e-12; below df = 0.1 upper tails have 1e-13 / df.
+/// 0.0 for df <= 0, NaN and infinite df.
 
 namespace ZOR_statis {
 

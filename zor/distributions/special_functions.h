@@ -9,8 +9,8 @@ namespace ZOR_statis {
 
 using namespace ZOR_zorbase;
 
-/// ln of the gamma function, six terms (C. Lanczos, SIAM J. Numer. Anal. 1 (1964), 86): relative error 4e-10. 0.0 for
-/// x <= 0, infinity above 1e305.
+/// ln of the gamma function, six terms (C. Lanczos, SIAM J. Numer. Anal. 1 (1964), 86): error 4e-10, relative where the
+/// value exceeds 1. 0.0 for x <= 0, infinity above 1e305.
 ZOR_API Double LnGamma(Double x) noexcept;
 /// ln of the beta function; 0.0 unless a >= 0 and b >= 0.
 ZOR_API Double LnBeta(Double a, Double b) noexcept;

@@ -5,7 +5,8 @@
 /// \file  The distribution of Mann and Whitney's U for samples of n1 and n2 values without ties.
 /// Exact by their recurrence in probabilities (H. B. Mann, D. R. Whitney, Ann. Math. Stat. 18 (1947), 50) while n1 n2
 /// <= 10000; above by the normal distribution with Edgeworth's term of the kurtosis (E. Fix, J. L. Hodges, Ann. Math.
-/// Stat. 26 (1955), 301) and a continuity correction: error 1e-5. Raises EOutOfMemory.
+/// Stat. 26 (1955), 301) and a continuity correction: error 2e-6 for samples of 100 values, 1e-4 where the smaller one
+/// has 10, 4e-4 with 5, 6e-3 with 2, 4e-2 with 1. Raises EOutOfMemory.
 
 namespace ZOR_statis {
 

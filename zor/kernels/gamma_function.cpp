@@ -1,8 +1,10 @@
 #include "zor/kernels/gamma_function.h"
 
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <numbers>
+#include <span>
 
 namespace zor::kernels {
 
@@ -11,8 +13,10 @@ namespace {
 constexpr double kLnRootTwoPi = 0.918938533204672741780329736406;
 constexpr double kEpsilon = std::numeric_limits<double>::epsilon();
 constexpr double kTiny = 1e-300;
-/// Series and fractions need some multiple of the root of the parameter; that of 1e10 is covered.
-constexpr int kRounds = 1'000'000;
+/// Above this parameter Temme's expansion stands for series and fraction near the mode, where they need many rounds.
+constexpr double kLargeParameter = 1e5;
+/// Enough for parameters below that, and above it for an x that is more than a tenth of it away.
+constexpr int kRounds = 10'000;
 
 /// The sum 1 + x / (a + 1) + x^2 / ((a + 1)(a + 2)) + ...
 double lower_series(double a, double x) noexcept {
@@ -41,6 +45,35 @@ double upper_fraction(double a, double x) noexcept {
     if (std::abs(factor - 1.0) < kEpsilon) break;
   }
   return h;
+}
+
+/// P(a, x) and Q(a, x) for a large a and x within a tenth of it: the normal tails, corrected by two terms of the
+/// uniform expansion of N. M. Temme (SIAM J. Math. Anal. 10 (1979), 757). Its coefficients are power series in eta,
+/// |eta| < 0.11, with eta^2 / 2 = x / a - 1 - ln(x / a).
+Tails near_mode(double a, double x) noexcept {
+  static constexpr double kFirst[] = {-1.0 / 3,
+                                      1.0 / 12,
+                                      -2.0 / 135,
+                                      1.0 / 864,
+                                      1.0 / 2835,
+                                      -139.0 / 777600,
+                                      1.0 / 25515,
+                                      -571.0 / 261273600,
+                                      -281.0 / 151559100,
+                                      163879.0 / 197522841600,
+                                      -5221.0 / 29554024500};
+  static constexpr double kSecond[] = {-1.0 / 540, -1.0 / 288, 1.0 / 378, -77.0 / 77760, 1.0 / 4860, -1.0 / 2488320};
+  const auto polynomial = [](std::span<const double> c, double at) {
+    double sum = 0.0;
+    for (std::size_t i = c.size(); i-- > 0;) sum = sum * at + c[i];
+    return sum;
+  };
+  const double half_square = deviance(a, x), z = std::copysign(std::sqrt(2.0 * half_square), x - a);
+  const double eta = z / std::sqrt(a);
+  const double correction = std::exp(-half_square) / std::sqrt(2.0 * std::numbers::pi * a) *
+                            (polynomial(kFirst, eta) + polynomial(kSecond, eta) / a);
+  const Tails of = normal_tails(z);
+  return {of.lower - correction, of.upper + correction};
 }
 
 }  // namespace
@@ -99,6 +132,7 @@ Tails incomplete_gamma(double a, double x) noexcept {
   if (x == 0.0) return {0.0, 1.0};
   if (std::isinf(x)) return {1.0, 0.0};
   if (std::isinf(a)) return {0.0, 1.0};
+  if (a > kLargeParameter && std::abs(x - a) < 0.1 * a) return near_mode(a, x);
   const double term = poisson_term(a, x);  // x^a e^-x / gamma(a + 1)
   if (x < a + 1.0) {
     const double lower = std::fmin(1.0, term * lower_series(a, x));
