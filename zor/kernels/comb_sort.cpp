@@ -5,7 +5,7 @@
 
 namespace zor::kernels {
 
-ZOR_KERNEL_TABLE(CombSortTable, comb_sort_table)
+ZOR_KERNEL_TABLE(CombSortTable, kCombSort)
 
 namespace {
 

@@ -12,7 +12,7 @@
 
 namespace zor::kernels {
 
-ZOR_KERNEL_TABLE(FftTable, fft_table)
+ZOR_KERNEL_TABLE(FftTable, kFft)
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 namespace zor::kernels {
 
-ZOR_KERNEL_TABLE(MovingTable, moving_table)
+ZOR_KERNEL_TABLE(MovingTable, kMoving)
 
 namespace {
 

@@ -1,22 +1,11 @@
 #include "zor/kernels/product.h"
 
 #include <algorithm>
-#include <atomic>
 #include <memory>
 
 #include "zor/kernels/dispatch.h"
 #include "zor/kernels/levels/product.h"
 #include "zor/portable_kernels.h"
-
-namespace zor {
-namespace {
-std::atomic<bool> portable{false};
-}
-
-void use_portable_kernels(bool chosen) noexcept { portable.store(chosen, std::memory_order_relaxed); }
-bool uses_portable_kernels() noexcept { return portable.load(std::memory_order_relaxed); }
-
-}  // namespace zor
 
 namespace zor::kernels {
 

@@ -18,7 +18,7 @@
 
 namespace zor::kernels {
 
-ZOR_KERNEL_TABLE(SelectionTable, selection_table)
+ZOR_KERNEL_TABLE(SelectionTable, kSelection)
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 namespace zor::kernels {
 
-ZOR_KERNEL_TABLE(WaveletTable, wavelet_table)
+ZOR_KERNEL_TABLE(WaveletTable, kWavelet)
 
 namespace {
 

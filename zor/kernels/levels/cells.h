@@ -16,7 +16,7 @@ typedef float VecF __attribute__((vector_size(ZOR_VECTOR_BYTES), aligned(4), may
 struct Register {};
 struct Cell {};
 
-inline VecD load(const double* x, Register) { return *reinterpret_cast<const VecD*>(x); }
+inline VecD load(const double* x, Register) { return load(x); }
 inline VecF load(const float* x, Register) { return *reinterpret_cast<const VecF*>(x); }
 inline VecU load(const std::uint32_t* x, Register) { return *reinterpret_cast<const VecU*>(x); }
 inline VecI load(const std::int32_t* x, Register) { return *reinterpret_cast<const VecI*>(x); }
@@ -26,7 +26,6 @@ inline T load(const T* x, Cell) {
   return *x;
 }
 
-inline void store(double* out, VecD v) { *reinterpret_cast<VecD*>(out) = v; }
 inline void store(std::uint32_t* out, VecU v) { *reinterpret_cast<VecU*>(out) = v; }
 
 /// Cells in a register.

@@ -397,10 +397,10 @@ bool pass_either(T* x, std::size_t n, std::size_t gap, bool ascending) {
 
 }  // namespace
 
-extern const CombSortTable comb_sort_table;
-const CombSortTable comb_sort_table = {{sort_either<double>, pass_either<double>},
-                                       {sort_either<float>, pass_either<float>},
-                                       {sort_either<std::int32_t>, pass_either<std::int32_t>},
-                                       sort_pairs_either};
+extern const CombSortTable kCombSort;
+const CombSortTable kCombSort = {{sort_either<double>, pass_either<double>},
+                                 {sort_either<float>, pass_either<float>},
+                                 {sort_either<std::int32_t>, pass_either<std::int32_t>},
+                                 sort_pairs_either};
 
 }  // namespace zor::kernels::ZOR_LEVEL

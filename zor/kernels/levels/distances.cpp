@@ -13,9 +13,6 @@ namespace {
 constexpr std::size_t kTileRows = 4;
 constexpr std::size_t kTileCols = 2 * kLanesD;
 
-inline VecD load(const double* x) { return *reinterpret_cast<const VecD*>(x); }
-inline void store(double* out, VecD v) { *reinterpret_cast<VecD*>(out) = v; }
-
 // The loop over the lanes would ask each for a sign, because of errno.
 inline VecD square_root(VecD v) {
 #if defined(__AVX512F__)

@@ -153,7 +153,7 @@ void butterflies(double* data, std::size_t n, const double* twiddles) {
 
 }  // namespace
 
-extern const FftTable fft_table;
-const FftTable fft_table = {butterflies};
+extern const FftTable kFft;
+const FftTable kFft = {butterflies};
 
 }  // namespace zor::kernels::ZOR_LEVEL

@@ -27,4 +27,12 @@ typedef std::int32_t VecI __attribute__((vector_size(ZOR_VECTOR_BYTES), aligned(
 inline constexpr std::size_t kLanesD = ZOR_VECTOR_BYTES / sizeof(double);
 inline constexpr std::size_t kLanesI = ZOR_VECTOR_BYTES / sizeof(std::int32_t);
 
+// Unnamed, so that overloads of the files stand beside them.
+namespace {
+
+inline VecD load(const double* x) { return *reinterpret_cast<const VecD*>(x); }
+inline void store(double* x, VecD v) { *reinterpret_cast<VecD*>(x) = v; }
+
+}  // namespace
+
 }  // namespace zor::kernels::ZOR_LEVEL

@@ -13,8 +13,6 @@ namespace {
 typedef double Wide __attribute__((vector_size(ZOR_VECTOR_BYTES)));
 typedef std::int64_t Bits __attribute__((vector_size(ZOR_VECTOR_BYTES)));
 
-inline Wide load(const double* x) { return *reinterpret_cast<const VecD*>(x); }
-inline void store(double* x, Wide v) { *reinterpret_cast<VecD*>(x) = v; }
 inline Wide constant(double x) { return x - Wide{}; }
 inline Wide magnitude(Wide x) { return (Wide)((Bits)x & INT64_MAX); }
 

@@ -108,10 +108,10 @@ void median(const double* x, double* out, std::size_t n) {
 
 }  // namespace
 
-extern const MovingTable moving_table;
-const MovingTable moving_table = {symmetric,
-                                  weighted,
-                                  {median<3>, median<5>, median<7>, median<9>, median<11>, median<13>, median<15>,
-                                   median<17>, median<19>, median<21>, median<23>, median<25>}};
+extern const MovingTable kMoving;
+const MovingTable kMoving = {symmetric,
+                             weighted,
+                             {median<3>, median<5>, median<7>, median<9>, median<11>, median<13>, median<15>,
+                              median<17>, median<19>, median<21>, median<23>, median<25>}};
 
 }  // namespace zor::kernels::ZOR_LEVEL

@@ -22,9 +22,6 @@ constexpr std::size_t kTileRegisters = 2, kTileColumns = 4;
 #endif
 constexpr std::size_t kTileRows = kTileRegisters * kLanesD;
 
-inline VecD load(const double* x) { return *reinterpret_cast<const VecD*>(x); }
-inline void store(double* x, VecD v) { *reinterpret_cast<VecD*>(x) = v; }
-
 inline VecD add(VecD a, VecD b, VecD sum) { return sum + a * b; }
 inline VecD subtract(VecD a, VecD b, VecD sum) { return sum - a * b; }
 

@@ -12,9 +12,6 @@ constexpr std::size_t kSumRegisters = kSums / kLanesD;
 constexpr std::size_t kWide = 4;
 constexpr std::size_t kWideRows = kWide * kLanesD;
 
-inline VecD load(const double* x) { return *reinterpret_cast<const VecD*>(x); }
-inline void store(double* x, VecD v) { *reinterpret_cast<VecD*>(x) = v; }
-
 /// Total of the partial sums after the rest of the terms, fewer than kSums of them, is added.
 struct Sums {
   alignas(ZOR_VECTOR_BYTES) VecD part[kSumRegisters] = {};

@@ -108,7 +108,7 @@ std::size_t all_numbers(std::int32_t*, std::size_t n) { return n; }
 
 }  // namespace
 
-extern const SelectionTable selection_table;
-const SelectionTable selection_table = {{window<double>, numbers_first<double>}, {window<std::int32_t>, all_numbers}};
+extern const SelectionTable kSelection;
+const SelectionTable kSelection = {{window<double>, numbers_first<double>}, {window<std::int32_t>, all_numbers}};
 
 }  // namespace zor::kernels::ZOR_LEVEL

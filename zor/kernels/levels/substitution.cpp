@@ -13,9 +13,6 @@ namespace {
 constexpr std::size_t kRegisters = 10;
 constexpr std::size_t kLanes = kRegisters * kLanesD;
 
-inline VecD load(const double* x) { return *reinterpret_cast<const VecD*>(x); }
-inline void store(double* x, VecD v) { *reinterpret_cast<VecD*>(x) = v; }
-
 struct Portable {
   static VecD subtract(VecD a, VecD b, VecD from) { return from - a * b; }
   static double subtract(double a, double b, double from) { return from - a * b; }

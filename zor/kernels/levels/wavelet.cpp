@@ -95,7 +95,7 @@ void inverse_any(const double* smooth, const double* detail, std::size_t half, d
 
 }  // namespace
 
-extern const WaveletTable wavelet_table;
-const WaveletTable wavelet_table = {forward_any, inverse_any};
+extern const WaveletTable kWavelet;
+const WaveletTable kWavelet = {forward_any, inverse_any};
 
 }  // namespace zor::kernels::ZOR_LEVEL
