@@ -1,10 +1,12 @@
 #include <algorithm>
+#include <cmath>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "bits.h"
 #include "zor/analysis/ZOR_math2.h"
+#include "zor/portable_kernels.h"
 
 using namespace ZOR_math2;
 
@@ -31,7 +33,8 @@ ZOR_BITS(analysis) {
   print("first derivative");
 
   TCurveFit fit;
-  for (std::size_t i = 0; i < 2000; ++i) fit.EnterStatValue(2.0 + x[i], 3.0 + x[i] + 0.5 * x[i + 2000]);
+  for (std::size_t i = 0; i < 2000; ++i)
+    fit.EnterStatValue(2.0 + std::sin(x[i]), 3.0 + std::sin(x[i]) + 0.5 * std::sin(x[i + 2000]));
   const auto parameters = [&](std::string_view name) {
     std::vector<double> k(22);
     for (Integer i = 0; i < 22; ++i) k[static_cast<std::size_t>(i)] = fit.ModelPar(1 + i / 11, i % 11);
@@ -56,7 +59,9 @@ ZOR_BITS(analysis) {
   }
   TVector coefficients, deviations;
   Boolean singular;
+  zor::use_portable_kernels(true);  // sums of products
   CalcPrincComp(&data, 1, 9, 0, 0, 2);
+  zor::use_portable_kernels(false);
   std::vector<double> components;
   for (Integer k = 0; k < 90; ++k) components.push_back(GetEigenResult(k / 10 + 1, k % 10));
   bits::print("principal components", components);
