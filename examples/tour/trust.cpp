@@ -1,8 +1,12 @@
 #include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "examples/tour/certified.h"
 #include "examples/tour/chapter.h"
 #include "examples/tour/vectors.h"
+#include "zor/analysis/ZOR_math2.h"
 
 using namespace ZOR_vector;
 using plot::short_text;
@@ -23,6 +27,58 @@ double plain_deviation(const TVector& y) {
   return std::sqrt(std::fmax(variance, 0.0));
 }
 // [/show]
+
+/// A certified regression on powers of x: the estimates B0, B1, ... and the pairs.
+struct Regression {
+  std::vector<double> estimates, x, y;
+};
+Regression read_regression(const std::filesystem::path& file) {
+  Regression r;
+  std::ifstream in(file);
+  for (std::string line; std::getline(in, line);) {
+    std::istringstream words(line);
+    std::string name;
+    double first = 0.0, second = 0.0;
+    if (words >> name >> first && name == "B" + std::to_string(r.estimates.size())) r.estimates.push_back(first);
+    if (line.rfind("Data:", 0) == 0) r.x.clear(), r.y.clear();
+    std::istringstream cells(line);
+    if (cells >> first >> second) r.y.push_back(first), r.x.push_back(second);
+  }
+  return r;
+}
+
+void regressions(tour::Page& page) {
+  page.section("Certified regressions");
+  page.prose(
+      "The same institute certifies regressions. Powers of x up to the fifth make them hard: seen from 0, five powers "
+      "of 0 "
+      "to 20 nearly lie in one plane. About the mean of x, in units of its deviation, they do not.");
+  std::vector<std::string> names;
+  std::vector<double> digits;
+  for (const auto name : {"Norris", "Pontius", "Wampler1", "Wampler2", "Wampler5"}) {
+    const auto set = read_regression(page.data("nist/" + std::string(name) + ".dat"));
+    const auto order = static_cast<int>(set.estimates.size()) - 1;
+    // [show]
+    ZOR_math2::TCurveFit fit;
+    fit.EnterStatValues(set.x, set.y);
+    TDoubleArray k;
+    double shift = 0.0, quality;
+    bool near_singular;
+    fit.CalcCenteredPolyFit(order, k, shift, quality, near_singular);
+    // [/show]
+    std::vector<long double> certified(set.estimates.begin(), set.estimates.end());
+    double worst = 15.0;
+    for (std::size_t i = 0; i < certified.size(); ++i) {
+      for (std::size_t j = certified.size() - 1; j-- > i;) certified[j] += shift * certified[j + 1];
+      worst = std::fmin(worst, digits_reached(k[static_cast<int>(i)], static_cast<double>(certified[i])));
+    }
+    names.push_back(name);
+    digits.push_back(worst);
+  }
+  page.code();
+  plot::Chart bars("Correct digits of the worst coefficient");
+  page.figure(bars.axes("decimal digits, out of 15", "").x_range(0.0, 15.0).bars_across(names, digits));
+}
 
 void run(tour::Page& page) {
   page.prose(
@@ -73,6 +129,7 @@ void run(tour::Page& page) {
       "binary form, and its neighbours are 2·10⁻⁹ apart. Against a spread of 0.1 that leaves eight to nine "
       "digits, whoever computes.");
   page.table({"standard deviation", "certified", "MeanVar", "plain sums"}, rows);
+  regressions(page);
 }
 
 const tour::Register chapter({110, "trust", "Can I trust the numbers?", run});
